@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Sets up a fresh Debian 12 machine (as root) and builds OrrinQuiver, then
+#   scripts/run.sh demo   runs the demo (a window, or PNG screens without a display)
+#   scripts/run.sh test   runs every test: the suite, the install check, ...
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$here"
+build=${QUIVER_BUILD_DIR:-$here/build}
+jobs=$(nproc 2>/dev/null || echo 2)
+
+packages=(
+    g++ clang cmake ninja-build pkg-config
+    qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-multimedia-dev
+    qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-qpa-plugins
+    libqt6svg6 libgl-dev libxkbcommon-dev libpugixml-dev libbenchmark-dev
+    libclang-rt-14-dev fonts-dejavu-core
+)
+
+install_missing() {
+    local missing=()
+    for p in "${packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}"
+    local sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo=sudo
+    $sudo apt-get update -q
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+configure_and_build() {
+    cmake -S "$here" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@"
+    cmake --build "$build" -j "$jobs"
+}
+
+run_demo() {
+    configure_and_build
+    if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        exec "$build/app/quiver" demo
+    fi
+    QT_QPA_PLATFORM=offscreen exec "$build/app/quiver" demo --out "$build/demo-screens"
+}
+
+# A host program built against the installed package: a broken install, a
+# missing header or a wrong package config fails here.
+check_install() {
+    local stage="$build/stage"
+    rm -rf "$stage" "$build/example-host"
+    cmake --install "$build" --prefix "$stage" > /dev/null
+    cmake -S "$here/examples/host" -B "$build/example-host" -G Ninja \
+        -DCMAKE_PREFIX_PATH="$stage" -DCMAKE_BUILD_TYPE=RelWithDebInfo > /dev/null
+    cmake --build "$build/example-host"
+    LD_LIBRARY_PATH="$stage/lib:${LD_LIBRARY_PATH:-}" QT_QPA_PLATFORM=offscreen \
+        "$build/example-host/quiver-host"
+}
+
+run_tests() {
+    configure_and_build
+    ctest --test-dir "$build" --output-on-failure -j "$jobs"
+    check_install
+}
+
+case "${1:-}" in
+    demo) install_missing; run_demo ;;
+    test) install_missing; run_tests ;;
+    *) echo "usage: $0 demo|test" >&2; exit 2 ;;
+esac
