@@ -56,10 +56,24 @@ check_install() {
         "$build/example-host/quiver-host"
 }
 
+# The same suite built by clang with AddressSanitizer, UndefinedBehaviorSanitizer
+# and leak detection: any report fails the run.
+run_sanitized_tests() {
+    local asan="$build-sanitize"
+    CC=clang CXX=clang++ cmake -S "$here" -B "$asan" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+        -DORRINQUIVER_SANITIZE=ON -DORRINQUIVER_BUILD_BENCH=OFF
+    cmake --build "$asan" -j "$jobs"
+    ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_string_checks=1 \
+    LSAN_OPTIONS="suppressions=$here/tests/lsan.supp:print_suppressions=0" \
+    UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+        ctest --test-dir "$asan" --output-on-failure -j "$jobs"
+}
+
 run_tests() {
     configure_and_build
     ctest --test-dir "$build" --output-on-failure -j "$jobs"
     check_install
+    run_sanitized_tests
 }
 
 case "${1:-}" in
