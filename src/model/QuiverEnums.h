@@ -4,12 +4,13 @@
 
 // The public enumerations of the object model. They live in the namespace's
 // meta-object so that scripts, Qt Designer and QMetaEnum see every constant by
-// its qv... name.
+// its qv... name. Each has int as its underlying type: properties store an
+// out-of-range value as given, and every int must be a valid value then.
 namespace OrrinQuiver {
 Q_NAMESPACE
 
 // The five drawing styles of the bar.
-enum qvStyle {
+enum qvStyle : int {
     qvStyleOutlook = 0,
     qvStyleWindows2000 = 1,
     qvStyleOutlookXP = 2,
@@ -19,19 +20,19 @@ enum qvStyle {
 Q_ENUM_NS(qvStyle)
 
 // How a header shows its items.
-enum qvViewType {
+enum qvViewType : int {
     qvViewLargeIcons = 0,
     qvViewSmallIcons = 1,
 };
 Q_ENUM_NS(qvViewType)
 
-enum qvOLEDragMode {
+enum qvOLEDragMode : int {
     qvOLEDragManual = 0,
     qvOLEDragAutomatic = 1,
 };
 Q_ENUM_NS(qvOLEDragMode)
 
-enum qvOLEDropMode {
+enum qvOLEDropMode : int {
     qvOLEDropNone = 0,
     qvOLEDropHeadersOnly = 1,
     qvOLEDropItemsOnly = 2,
