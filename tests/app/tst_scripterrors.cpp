@@ -1,0 +1,108 @@
+#include "control/ScriptErrors.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtQml/QJSEngine>
+#include <QtTest/QTest>
+
+using namespace OrrinQuiver;
+
+// Stands in for a control whose operation raises: both ways a script reaches
+// the control, a method call and a property write, report the same error.
+class Raiser : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Text READ Text WRITE setText)
+
+public:
+    Q_INVOKABLE int Raise(int number)
+    {
+        reportToScript(this, QuiverError(number, QStringLiteral("raised %1").arg(number)));
+        return 0;
+    }
+    QString Text() const { return {}; }
+    void setText(const QString &text) { reportToScript(this, QuiverError(qvErrorXMLInvalidContent, text)); }
+};
+
+class tst_ScriptErrors : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void throwsIntoScript_data();
+    void throwsIntoScript();
+    void strayErrorIsTakenBack();
+    void withoutEngineWarns();
+
+private:
+    QJSEngine *m_engine = nullptr;
+    Raiser *m_raiser = nullptr;
+};
+
+void tst_ScriptErrors::init()
+{
+    m_engine = new QJSEngine;
+    m_raiser = new Raiser;
+    m_engine->globalObject().setProperty(QStringLiteral("raiser"), m_engine->newQObject(m_raiser));
+    QJSEngine::setObjectOwnership(m_raiser, QJSEngine::CppOwnership);
+}
+
+void tst_ScriptErrors::cleanup()
+{
+    delete m_engine;
+    delete m_raiser;
+}
+
+void tst_ScriptErrors::throwsIntoScript_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("method, caught")
+        << "try { raiser.Raise(-2147216638); 'not thrown' } catch (e) { e.number + '|' + e.message }"
+        << "-2147216638|raised -2147216638";
+    QTest::newRow("property write, caught")
+        << "try { raiser.Text = 'bad text'; 'not thrown' } catch (e) { e.number + '|' + e.message }"
+        << "-2147216639|bad text";
+    QTest::newRow("an Error object") << "try { raiser.Raise(1) } catch (e) { String(e instanceof Error) }"
+                                     << "true";
+    QTest::newRow("the rest of the try block is skipped")
+        << "var after = 'no'; try { raiser.Raise(1); after = 'yes' } catch (e) {} after" << "no";
+    QTest::newRow("uncaught ends the script") << "raiser.Raise(7); 'went on'"
+                                             << "Error: raised 7";
+}
+
+void tst_ScriptErrors::throwsIntoScript()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, expected);
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    QCOMPARE(m_engine->evaluate(script).toString(), expected);
+    // Nothing is left pending for the next script, and nothing is taken back
+    // as a stray error once the event loop runs.
+    QCoreApplication::processEvents();
+    QCOMPARE(m_engine->evaluate(QStringLiteral("'next'")).toString(), QStringLiteral("next"));
+}
+
+void tst_ScriptErrors::strayErrorIsTakenBack()
+{
+    // A C++ caller reaches an object that a script has seen: the error must
+    // not wait in the engine for whatever it evaluates next.
+    QTest::ignoreMessage(QtWarningMsg, "OrrinQuiver error 5 outside a script call: Error: raised 5");
+    m_raiser->Raise(5);
+    QTRY_VERIFY(!m_engine->hasError());
+    QCOMPARE(m_engine->evaluate(QStringLiteral("'next'")).toString(), QStringLiteral("next"));
+}
+
+void tst_ScriptErrors::withoutEngineWarns()
+{
+    Raiser alone;
+    QTest::ignoreMessage(QtWarningMsg, "OrrinQuiver error 9: raised 9");
+    QCOMPARE(alone.Raise(9), 0);
+    QTest::ignoreMessage(QtWarningMsg, "OrrinQuiver error 3: no receiver");
+    reportToScript(nullptr, QuiverError(3, QStringLiteral("no receiver")));
+}
+
+QTEST_GUILESS_MAIN(tst_ScriptErrors)
+#include "tst_scripterrors.moc"
