@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/OleColor.h"
+#include "model/QuiverEnums.h"
 
 #include <QtCore/QRect>
 #include <QtCore/QString>
@@ -26,6 +27,8 @@ public:
     virtual void relayoutItems(bool force) = 0;
     // Repaints the one item with that view id.
     virtual void redrawItem(int viewId) = 0;
+    // Shows the items as large or small icons from now on.
+    virtual void setView(qvViewType view) = 0;
     // Brings the view back to its empty state after its items were cleared.
     virtual void resetItems() = 0;
     // The positions of the item at the top of the view and of the last item
