@@ -4,3 +4,6 @@
 target_sources(OrrinQuiver
     PRIVATE control/ScriptErrors.cpp
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES control/ScriptErrors.h)
+
+# The built-in header click (made by scripts/make_folder_sound.py).
+target_sources(OrrinQuiver PRIVATE control/resources/sounds.qrc)
