@@ -5,5 +5,19 @@ target_sources(OrrinQuiver
     PRIVATE control/ScriptErrors.cpp
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES control/ScriptErrors.h)
 
+# The header strip: geometry, the slide, bar painting and bar records.
+target_sources(OrrinQuiver
+    PRIVATE
+        control/BarRecord.cpp
+        control/BarRecord.h
+        control/DrawHeader.cpp
+        control/DrawHeader.h
+        control/HeaderGeometry.cpp
+        control/HeaderGeometry.h
+        control/HeaderSound.cpp
+        control/HeaderSound.h
+        control/SlideMover.cpp
+        control/SlideMover.h)
+
 # The built-in header click (made by scripts/make_folder_sound.py).
 target_sources(OrrinQuiver PRIVATE control/resources/sounds.qrc)

@@ -2,4 +2,5 @@ target_sources(OrrinQuiver
     PRIVATE
         platform/SystemColors.cpp
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
+        platform/SoundOutput.h
         platform/SystemColors.h)

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "model/OleColor.h"
+#include "model/QuiverEnums.h"
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtGui/QFont>
+
+class QFontMetrics;
+class QPainter;
+class QPalette;
+
+namespace OrrinQuiver {
+
+// The three looks of a header bar; the value a bar remembers between draws.
+enum HeaderState : int {
+    HeaderNormal = 0, // raised
+    HeaderHot = 1,    // raised twice: the mouse is over it
+    HeaderPressed = 2 // sunken
+};
+
+// The colours a bar is painted with, as the object model stores them.
+struct HeaderColors {
+    OLE_COLOR back = SystemColors::ButtonFace;
+    OLE_COLOR fore = SystemColors::ButtonText;
+    OLE_COLOR overFore = SystemColors::ButtonText;
+    OLE_COLOR highlight = SystemColors::ButtonHighlight;
+    OLE_COLOR shadow = SystemColors::ButtonShadow;
+    OLE_COLOR dkShadow = SystemColors::ButtonDarkShadow;
+};
+
+// Everything that decides how one bar looks.
+struct HeaderLook {
+    int state = HeaderNormal;
+    qvStyle style = qvStyleOutlook;
+    QString caption;
+    QFont font;
+    bool enabled = true;
+    HeaderColors colors;
+};
+
+struct FittedText {
+    QString text;
+    int width = 0;
+};
+
+// Shortens `text` with an ellipsis at its end so that it fits `width` pixels
+// in `metrics`' font, and returns it with its measured width. Text that fits
+// comes back unchanged; a width too small for anything gives the ellipsis or
+// an empty text.
+FittedText FitTextWithEllipsis(const QFontMetrics &metrics, const QString &text, int width);
+
+// Paints a bar of `size` (logical pixels) with `look`, resolving system
+// colours through `palette`. Lines are one logical pixel at any device pixel
+// ratio. A state outside the three known ones paints the flat background and
+// the caption in the normal colour, without edges.
+void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, const QPalette &palette);
+
+} // namespace OrrinQuiver

@@ -1,0 +1,252 @@
+#include "control/DrawHeader.h"
+#include "platform/SystemColors.h"
+
+#include <QtGui/QFontMetrics>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtTest/QTest>
+
+using namespace OrrinQuiver;
+
+namespace {
+
+// Distinct colours, so every pixel tells which part of the bar painted it.
+const QHash<QString, QColor> Palette{
+    {"back", QColor(200, 200, 200)}, {"hl", QColor(255, 255, 255)}, {"sh", QColor(128, 128, 128)},
+    {"dk", QColor(64, 64, 64)},      {"fore", QColor(0, 0, 255)},   {"over", QColor(255, 0, 0)},
+};
+
+HeaderLook look(qvStyle style, int state, const QString &caption = QString(), bool enabled = true)
+{
+    HeaderLook l;
+    l.style = style;
+    l.state = state;
+    l.caption = caption;
+    l.enabled = enabled;
+    l.font = QFont(QStringLiteral("DejaVu Sans"));
+    l.font.setPixelSize(12);
+    l.font.setStyleStrategy(QFont::NoAntialias);
+    const auto ole = [](const char *name) { return toOleColor(Palette.value(QLatin1String(name))); };
+    l.colors = {ole("back"), ole("fore"), ole("over"), ole("hl"), ole("sh"), ole("dk")};
+    return l;
+}
+
+QImage paint(const HeaderLook &l, QSize size, qreal dpr = 1, const QPalette &palette = classicPalette())
+{
+    QImage image(size * dpr, QImage::Format_RGB32);
+    image.setDevicePixelRatio(dpr);
+    image.fill(Qt::magenta);
+    QPainter p(&image);
+    DrawHeader(p, size, l, palette);
+    return image;
+}
+
+// Device pixels of the caption: everything inside the frame that is not
+// background.
+QRect textBounds(const QImage &image, const QColor &back)
+{
+    const int inset = qRound(2 * image.devicePixelRatio());
+    QRect bounds;
+    for (int y = inset; y < image.height() - inset; ++y)
+        for (int x = inset; x < image.width() - inset; ++x)
+            if (image.pixelColor(x, y) != back)
+                bounds |= QRect(x, y, 1, 1);
+    return bounds;
+}
+
+} // namespace
+
+class tst_DrawHeader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void edges_data();
+    void edges();
+    void textColor_data();
+    void textColor();
+    void captionPlacement_data();
+    void captionPlacement();
+    void pressAndTextTop();
+    void crispAtDoubleDensity();
+    void systemColorsFollowPalette();
+};
+
+void tst_DrawHeader::edges_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<qreal>("dpr");
+    QTest::addColumn<QPoint>("at");
+    QTest::addColumn<QString>("expected");
+
+    struct Probe {
+        const char *name;
+        QPoint at;
+        const char *color;
+    };
+    // A 40 x 20 bar: the last column is 39, the last row 19. The line
+    // drawing leaves out each segment's end point, so corners belong to the
+    // segment that starts there.
+    const QList<Probe> normal{{"top-left", {0, 0}, "hl"},       {"top end", {38, 0}, "hl"},
+                              {"top-right", {39, 0}, "sh"},     {"bottom-left", {0, 19}, "hl"},
+                              {"bottom row", {1, 19}, "sh"},    {"bottom-right", {39, 19}, "sh"},
+                              {"inside", {1, 1}, "back"},       {"inside far", {38, 18}, "back"}};
+    const QList<Probe> hot{{"top-left", {0, 0}, "hl"},          {"top-right", {39, 0}, "dk"},
+                           {"bottom-left", {0, 19}, "hl"},      {"bottom row", {1, 19}, "dk"},
+                           {"inner right", {38, 1}, "sh"},      {"inner corner", {38, 18}, "sh"},
+                           {"inner bottom", {2, 18}, "sh"},     {"inner end left out", {1, 18}, "back"},
+                           {"inside", {37, 17}, "back"}};
+    const QList<Probe> pressed{{"top-left", {0, 0}, "dk"},      {"top-right", {39, 0}, "hl"},
+                               {"bottom-left", {0, 19}, "dk"},  {"bottom row", {1, 19}, "hl"},
+                               {"inner corner", {1, 1}, "sh"},  {"inner left", {1, 18}, "sh"},
+                               {"inner top", {37, 1}, "sh"},    {"inner end left out", {38, 1}, "back"},
+                               {"inside", {2, 2}, "back"}};
+    const auto add = [](const char *look, qvStyle style, int state, const QList<Probe> &probes) {
+        for (qreal dpr : {1.0, 2.0})
+            for (const Probe &probe : probes)
+                QTest::addRow("%s, %s, dpr %g", look, probe.name, dpr)
+                    << int(style) << state << dpr << probe.at << QString::fromLatin1(probe.color);
+    };
+    add("normal", qvStyleOutlook, HeaderNormal, normal);
+    add("hot", qvStyleWindowsXP, HeaderHot, hot);
+    add("pressed", qvStyleOutlookXP, HeaderPressed, pressed);
+    add("flat hot looks normal", qvStyleVisualStudio, HeaderHot, normal);
+    add("flat pressed", qvStyleVisualStudio, HeaderPressed, pressed);
+}
+
+void tst_DrawHeader::edges()
+{
+    QFETCH(int, style);
+    QFETCH(int, state);
+    QFETCH(qreal, dpr);
+    QFETCH(QPoint, at);
+    QFETCH(QString, expected);
+
+    const QImage image = paint(look(qvStyle(style), state), QSize(40, 20), dpr);
+    // One logical pixel covers dpr x dpr device pixels, all of one colour.
+    const int n = int(dpr);
+    for (int dy = 0; dy < n; ++dy)
+        for (int dx = 0; dx < n; ++dx)
+            QCOMPARE(image.pixelColor(at.x() * n + dx, at.y() * n + dy), Palette.value(expected));
+}
+
+void tst_DrawHeader::textColor_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("normal") << int(qvStyleOutlook) << int(HeaderNormal) << true << "fore";
+    QTest::newRow("hot") << int(qvStyleOutlook) << int(HeaderHot) << true << "over";
+    QTest::newRow("pressed") << int(qvStyleWindows2000) << int(HeaderPressed) << true << "over";
+    QTest::newRow("disabled") << int(qvStyleOutlook) << int(HeaderNormal) << false << "sh";
+    QTest::newRow("disabled pressed") << int(qvStyleOutlook) << int(HeaderPressed) << false << "sh";
+    QTest::newRow("flat hot") << int(qvStyleVisualStudio) << int(HeaderHot) << true << "fore";
+    QTest::newRow("flat pressed") << int(qvStyleVisualStudio) << int(HeaderPressed) << true << "over";
+}
+
+void tst_DrawHeader::textColor()
+{
+    QFETCH(int, style);
+    QFETCH(int, state);
+    QFETCH(bool, enabled);
+    QFETCH(QString, expected);
+
+    const QImage image = paint(look(qvStyle(style), state, QStringLiteral("Mail"), enabled), QSize(80, 24));
+    QSet<QRgb> colors;
+    for (int y = 2; y < 22; ++y)
+        for (int x = 2; x < 78; ++x)
+            colors.insert(image.pixel(x, y));
+    colors.remove(Palette.value("back").rgb());
+    QCOMPARE(colors, QSet<QRgb>{Palette.value(expected).rgb()});
+}
+
+void tst_DrawHeader::captionPlacement_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<bool>("elided");
+
+    QTest::newRow("fits") << "Mail" << false;
+    QTest::newRow("too wide") << "Folders of the whole organisation" << true;
+}
+
+void tst_DrawHeader::captionPlacement()
+{
+    QFETCH(QString, caption);
+    QFETCH(bool, elided);
+
+    const HeaderLook l = look(qvStyleOutlook, HeaderNormal, caption);
+    const QImage image = paint(l, QSize(100, 24));
+    QImage probe(1, 1, QImage::Format_RGB32);
+    QPainter p(&probe);
+    p.setFont(l.font);
+    const FittedText fitted = FitTextWithEllipsis(p.fontMetrics(), caption, 100 - 6);
+    QCOMPARE(fitted.text != caption, elided);
+    QVERIFY(fitted.width <= 94);
+    if (elided)
+        QVERIFY(fitted.text.endsWith(QChar(0x2026)));
+
+    // Centred by the fitted width: the glyphs lie within [x0, x0 + width).
+    const int x0 = (100 - fitted.width) / 2;
+    const QRect bounds = textBounds(image, Palette.value("back"));
+    QVERIFY2(bounds.left() >= x0 && bounds.left() <= x0 + 2, qPrintable(QString::number(bounds.left())));
+    QVERIFY(bounds.right() < x0 + fitted.width);
+}
+
+void tst_DrawHeader::pressAndTextTop()
+{
+    const QString caption = QStringLiteral("Calendar");
+    const QColor back = Palette.value("back");
+    const auto bounds = [&](qvStyle style, int state) {
+        return textBounds(paint(look(style, state, caption), QSize(100, 24)), back);
+    };
+    // A pressed flat bar pushes its caption one pixel right and down; the
+    // framed bars keep it still.
+    QCOMPARE(bounds(qvStyleVisualStudio, HeaderPressed),
+             bounds(qvStyleVisualStudio, HeaderNormal).translated(1, 1));
+    QCOMPARE(bounds(qvStyleOutlook, HeaderPressed), bounds(qvStyleOutlook, HeaderNormal));
+    // The framed bars start their caption two pixels lower.
+    QCOMPARE(bounds(qvStyleOutlook, HeaderNormal), bounds(qvStyleVisualStudio, HeaderNormal).translated(0, 2));
+}
+
+void tst_DrawHeader::crispAtDoubleDensity()
+{
+    HeaderLook l = look(qvStyleOutlook, HeaderNormal, QStringLiteral("Contacts"));
+    l.font.setStyleStrategy(QFont::PreferDefault);
+    const QColor back = Palette.value("back");
+    const QRect single = textBounds(paint(l, QSize(100, 24)), back);
+    const QImage twice = paint(l, QSize(100, 24), 2);
+    const QRect doubled = textBounds(twice, back);
+    QVERIFY(qAbs(doubled.left() - 2 * single.left()) <= 2);
+    QVERIFY(qAbs(doubled.width() - 2 * single.width()) <= 4);
+    // Drawn at the device's own resolution, not a single-density picture
+    // blown up: some glyph edge falls inside a 2 x 2 block.
+    bool finerThanBlocks = false;
+    for (int y = doubled.top() & ~1; y <= doubled.bottom() && !finerThanBlocks; y += 2)
+        for (int x = doubled.left() & ~1; x <= doubled.right() && !finerThanBlocks; x += 2) {
+            const QRgb c = twice.pixel(x, y);
+            finerThanBlocks = twice.pixel(x + 1, y) != c || twice.pixel(x, y + 1) != c
+                || twice.pixel(x + 1, y + 1) != c;
+        }
+    QVERIFY(finerThanBlocks);
+}
+
+void tst_DrawHeader::systemColorsFollowPalette()
+{
+    HeaderLook l = look(qvStyleOutlook, HeaderNormal);
+    l.colors = HeaderColors();
+    QCOMPARE(paint(l, QSize(40, 20)).pixelColor(5, 5), QColor(212, 208, 200));
+    QCOMPARE(paint(l, QSize(40, 20)).pixelColor(0, 0), QColor(255, 255, 255));
+
+    QPalette dark = classicPalette();
+    dark.setColor(QPalette::Active, QPalette::Button, QColor(45, 45, 48));
+    dark.setColor(QPalette::Active, QPalette::Light, QColor(90, 90, 90));
+    const QImage image = paint(l, QSize(40, 20), 1, dark);
+    QCOMPARE(image.pixelColor(5, 5), QColor(45, 45, 48));
+    QCOMPARE(image.pixelColor(0, 0), QColor(90, 90, 90));
+}
+
+QTEST_MAIN(tst_DrawHeader)
+#include "tst_drawheader.moc"
