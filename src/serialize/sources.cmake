@@ -12,6 +12,8 @@ target_sources(OrrinQuiver
         serialize/MemoryPropertyBag.cpp
         serialize/PropertyBag.cpp
         serialize/SettingsPropertyBag.cpp
+        serialize/modPictureText.cpp
+        serialize/modPictureText.h
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
         serialize/FormPropertyBag.h
         serialize/MemoryPropertyBag.h
