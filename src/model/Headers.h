@@ -5,6 +5,7 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
 #include <memory>
@@ -84,11 +85,18 @@ public:
     // Re-keys the header with key `oldKey` in place, as Items::ChangeKey.
     std::optional<QString> ChangeKey(const QString &oldKey, const QString &newKey);
 
+    // The header whose key equals `key` case-insensitively (a hash probe),
+    // nullptr when none.
+    OrrinQuiver::Header *withKey(const QString &key) const;
+
     ControlLink *control() const;
-    // Links every header (and its items) to `control`; nullptr unlinks.
-    void setControl(ControlLink *control);
 
 private:
+    friend class OrrinQuiver::Header;
+    friend QStringList checkModel(const Headers &headers);
+    // Removes a member that is being destroyed, as RemoveAt does.
+    void forget(OrrinQuiver::Header *header);
+
     class Private;
     std::unique_ptr<Private> d;
 };

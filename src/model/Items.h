@@ -3,6 +3,7 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
 #include <memory>
@@ -97,10 +98,20 @@ public:
     void setControl(ControlLink *control);
     ControlLink *control() const;
 
+    // The member whose key equals `key` case-insensitively (a hash probe),
+    // nullptr when none.
+    OrrinQuiver::Item *withKey(const QString &key) const;
+
 private:
     friend class Header;
+    friend class OrrinQuiver::Item;
+    friend QStringList checkItems(const Items &items);
     void setHeader(Header *header);
+    // Gives back hosted windows and drops the control and view links; the
+    // items stay members.
     void unlinkAll();
+    // Removes a member that is being destroyed, as RemoveAt does.
+    void forget(OrrinQuiver::Item *item);
 
     class Private;
     std::unique_ptr<Private> d;

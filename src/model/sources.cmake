@@ -1,9 +1,25 @@
 target_sources(OrrinQuiver
     PRIVATE
+        model/Header.cpp
+        model/Headers.cpp
+        model/Headers_p.h
+        model/Item.cpp
+        model/Items.cpp
+        model/Items_p.h
+        model/KeyedList.cpp
+        model/KeyedList_p.h
+        model/ModelChecker.cpp
+        model/Navigation.cpp
         model/QuiverError.cpp
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
         model/ControlLink.h
+        model/Header.h
+        model/Headers.h
+        model/Item.h
+        model/Items.h
         model/ItemViewLink.h
+        model/ModelChecker.h
+        model/Navigation.h
         model/OleColor.h
         model/QuiverEnums.h
         model/QuiverError.h)

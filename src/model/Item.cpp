@@ -1,0 +1,436 @@
+#include "model/Item.h"
+
+#include "model/ControlLink.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/ItemViewLink.h"
+#include "model/Items.h"
+#include "model/KeyedList_p.h"
+
+#include <QtCore/QRect>
+
+namespace OrrinQuiver {
+
+namespace {
+// Mask colour of an item made without one from a view.
+constexpr OLE_COLOR DefaultItemMaskColor = 0xC0C0C0;
+}
+
+// The fields most items never use, made on first use.
+struct ItemExtra
+{
+    // Only a tool tip that differs from the caption is kept here.
+    QString toolTip;
+    QVariant tag;
+    QVariant icon;
+    QVariant smallIcon;
+    QString urlIcon;
+    QString urlSmallIcon;
+    // The hosted window, the parent it had before, and the screen rectangle
+    // it had before (right and bottom exclusive, as the window system keeps them).
+    quintptr childWindow = 0;
+    quintptr childFormerParent = 0;
+    int childLeft = 0;
+    int childTop = 0;
+    int childRight = 0;
+    int childBottom = 0;
+};
+
+Item::Item()
+    : m_maskColor(DefaultItemMaskColor)
+    , m_bold(false)
+    , m_enabled(false)
+    , m_visible(true)
+    , m_needsMeasure(true)
+    , m_indexMayLag(false)
+    , m_toolTipIsCaption(true)
+{
+}
+
+Item::~Item()
+{
+    if (m_collection)
+        m_collection->forget(this);
+}
+
+ItemExtra &Item::extra()
+{
+    if (!m_extra)
+        m_extra = std::make_unique<ItemExtra>();
+    return *m_extra;
+}
+
+ItemViewLink *Item::itemView() const
+{
+    return m_collection ? m_collection->itemView() : nullptr;
+}
+
+ControlLink *Item::control() const
+{
+    return m_collection ? m_collection->control() : nullptr;
+}
+
+void Item::storeIndex(int value)
+{
+    m_index = value;
+    m_needsMeasure = true;
+}
+
+void Item::storeKey(const QString &value)
+{
+    m_key = value;
+    m_keyHash = foldedKeyHash(value);
+}
+
+void Item::link(Items *collection)
+{
+    m_collection = collection;
+}
+
+void Item::unlink()
+{
+    releaseChildWindow();
+    m_collection = nullptr;
+}
+
+void Item::relayoutIfShown()
+{
+    if (ItemViewLink *view = itemView())
+        view->relayoutItems(false);
+}
+
+void Item::redrawIfShown()
+{
+    if (ItemViewLink *view = itemView())
+        view->redrawItem(m_viewId);
+}
+
+bool Item::Bold() const
+{
+    return m_bold;
+}
+
+void Item::setBold(bool value)
+{
+    m_bold = value;
+    relayoutIfShown();
+}
+
+QString Item::Caption() const
+{
+    return m_caption;
+}
+
+void Item::setCaption(const QString &value)
+{
+    const bool toolTipFollows = m_toolTipIsCaption;
+    m_caption = value;
+    // A caption is one line: every CR LF pair goes, lone CRs and LFs stay.
+    if (m_caption.contains(QLatin1String("\r\n")))
+        m_caption.remove(QLatin1String("\r\n"));
+    if (!toolTipFollows && m_extra && m_extra->toolTip == m_caption) {
+        // The separate tool tip now equals the caption, so from here on it follows.
+        m_extra->toolTip.clear();
+        m_toolTipIsCaption = true;
+    }
+    relayoutIfShown();
+}
+
+quintptr Item::ChildhWnd() const
+{
+    return m_extra ? m_extra->childWindow : 0;
+}
+
+void Item::releaseChildWindow()
+{
+    if (!m_extra)
+        return;
+    ItemExtra &x = *m_extra;
+    ItemViewLink *view = itemView();
+    if (view && x.childWindow && x.childFormerParent) {
+        const int width = x.childRight - x.childLeft;
+        const int height = x.childBottom - x.childTop;
+        view->setChildWindowParent(x.childWindow, x.childFormerParent);
+        view->moveChildWindow(x.childWindow, QRect(x.childLeft, x.childTop, width, height));
+        // Moving in parent coordinates may land elsewhere on screen than the
+        // saved screen rectangle; correct by the difference once.
+        const QRect landed = view->childWindowRect(x.childWindow);
+        const int dx = landed.left() - x.childLeft;
+        const int dy = landed.top() - x.childTop;
+        if (dx || dy)
+            view->moveChildWindow(x.childWindow, QRect(x.childLeft - dx, x.childTop - dy, width, height));
+    }
+    x.childWindow = 0;
+    x.childFormerParent = 0;
+}
+
+void Item::setChildhWnd(quintptr value)
+{
+    releaseChildWindow();
+    ItemViewLink *view = itemView();
+    if (!view)
+        return;
+    if (value) {
+        ItemExtra &x = extra();
+        x.childWindow = value;
+        const QRect r = view->childWindowRect(value);
+        x.childLeft = r.left();
+        x.childTop = r.top();
+        x.childRight = r.left() + r.width();
+        x.childBottom = r.top() + r.height();
+        x.childFormerParent = view->hostChildWindow(m_viewId, value);
+        view->moveChildWindow(value, QRect(0, 0, r.width(), r.height()));
+    }
+    view->relayoutItems(false);
+}
+
+bool Item::Enabled() const
+{
+    return m_enabled;
+}
+
+void Item::setEnabled(bool value)
+{
+    m_enabled = value;
+    if (ItemViewLink *view = itemView()) {
+        view->redrawItem(m_viewId);
+        view->releaseMouseGrab();
+    }
+}
+
+OLE_COLOR Item::ForeColor() const
+{
+    return m_foreColor;
+}
+
+void Item::setForeColor(OLE_COLOR value)
+{
+    m_foreColor = value;
+    redrawIfShown();
+}
+
+QString Item::Key() const
+{
+    return m_key;
+}
+
+void Item::setKey(const QString &value)
+{
+    if (value == m_key)
+        return;
+    // A linked item is re-keyed by its collection, which may pick another
+    // key and stores it here.
+    if (!m_key.isEmpty() && m_collection)
+        m_collection->ChangeKey(m_key, value);
+    else
+        storeKey(value);
+}
+
+int Item::Index() const
+{
+    return m_index;
+}
+
+void Item::setIndex(int value)
+{
+    if (value == m_index)
+        return;
+    int index = value;
+    if (m_collection) {
+        const std::optional<int> moved = m_collection->MoveItem(this, value);
+        if (!moved)
+            return;
+        index = *moved;
+    }
+    storeIndex(index);
+    relayoutIfShown();
+}
+
+OLE_COLOR Item::MaskColor() const
+{
+    return m_maskColor;
+}
+
+void Item::setMaskColor(OLE_COLOR value)
+{
+    m_maskColor = value;
+    redrawIfShown();
+}
+
+Header *Item::Parent() const
+{
+    Header *owner = m_collection ? m_collection->header() : nullptr;
+    Headers *headers = owner ? owner->collection() : nullptr;
+    return headers ? headers->at(m_collection->headerIndex()) : nullptr;
+}
+
+bool Item::Selected() const
+{
+    ControlLink *link = control();
+    return link && link->selectedItem() == this;
+}
+
+void Item::setSelected(bool)
+{
+    if (ControlLink *link = control()) {
+        link->openHeader(m_collection->headerIndex());
+        link->selectItem(qint16(m_index));
+    }
+}
+
+QVariant Item::Tag() const
+{
+    return m_extra ? m_extra->tag : QVariant();
+}
+
+void Item::setTag(const QVariant &value)
+{
+    if (value != Tag())
+        extra().tag = value;
+}
+
+QString Item::ToolTipText() const
+{
+    return m_toolTipIsCaption ? m_caption : m_extra->toolTip;
+}
+
+void Item::setToolTipText(const QString &value)
+{
+    m_toolTipIsCaption = value == m_caption;
+    if (m_toolTipIsCaption) {
+        if (m_extra)
+            m_extra->toolTip.clear();
+    } else {
+        extra().toolTip = value;
+    }
+    redrawIfShown();
+}
+
+QVariant Item::Icon() const
+{
+    return m_extra ? m_extra->icon : QVariant();
+}
+
+void Item::setIcon(const QVariant &value)
+{
+    extra().icon = value;
+    redrawIfShown();
+}
+
+QVariant Item::SmallIcon() const
+{
+    return m_extra ? m_extra->smallIcon : QVariant();
+}
+
+void Item::setSmallIcon(const QVariant &value)
+{
+    extra().smallIcon = value;
+    redrawIfShown();
+}
+
+QString Item::URLIcon() const
+{
+    return m_extra ? m_extra->urlIcon : QString();
+}
+
+void Item::setURLIcon(const QString &value)
+{
+    extra().urlIcon = value;
+    if (ControlLink *link = control())
+        link->loadUrlIcon(value, true);
+}
+
+QString Item::URLSmallIcon() const
+{
+    return m_extra ? m_extra->urlSmallIcon : QString();
+}
+
+void Item::setURLSmallIcon(const QString &value)
+{
+    extra().urlSmallIcon = value;
+    if (ControlLink *link = control())
+        link->loadUrlIcon(value, false);
+}
+
+bool Item::Visible() const
+{
+    return m_visible;
+}
+
+void Item::setVisible(bool value)
+{
+    m_visible = value;
+    relayoutIfShown();
+}
+
+void Item::EnsureVisible()
+{
+    ItemViewLink *view = itemView();
+    if (!view)
+        return;
+    // Scroll one step at a time; a step that leaves the visible range where
+    // it was means the view can go no further, and ends the walk.
+    int first = view->firstVisiblePosition();
+    if (m_index < first) {
+        while (m_index < first) {
+            view->scrollOneStep(true);
+            const int moved = view->firstVisiblePosition();
+            if (moved == first)
+                return;
+            first = moved;
+        }
+        return;
+    }
+    int last = view->lastFullyVisiblePosition();
+    while (m_index > last) {
+        view->scrollOneStep(false);
+        const int moved = view->lastFullyVisiblePosition();
+        if (moved == last)
+            return;
+        last = moved;
+    }
+}
+
+void Item::OLEDrag()
+{
+    if (ItemViewLink *view = itemView())
+        view->startItemDrag(m_viewId);
+}
+
+void Item::StartLabelEdit()
+{
+    if (ItemViewLink *view = itemView())
+        view->startItemLabelEdit(m_viewId);
+}
+
+int Item::viewId() const
+{
+    return m_viewId;
+}
+
+Items *Item::collection() const
+{
+    return m_collection;
+}
+
+bool Item::isLive() const
+{
+    return m_collection != nullptr;
+}
+
+bool Item::needsMeasure() const
+{
+    return m_needsMeasure;
+}
+
+void Item::setNeedsMeasure(bool value)
+{
+    m_needsMeasure = value;
+}
+
+bool Item::indexMayLag() const
+{
+    return m_indexMayLag;
+}
+
+} // namespace OrrinQuiver

@@ -1,0 +1,336 @@
+#pragma once
+
+// Internal to the content model: not installed.
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QStringView>
+#include <QtCore/QVariant>
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace OrrinQuiver {
+
+// Hash of a key as the collections compare keys: case-insensitively, by
+// simple case folding of each code point (what QString::compare with
+// Qt::CaseInsensitive does), so keys that compare equal hash equally.
+quint32 foldedKeyHash(QStringView key);
+
+// A collection argument as the object model reads it: a number is a
+// position, anything else a text.
+struct Lookup
+{
+    bool numeric = false;
+    double number = 0;
+    QString text;
+};
+// Numbers (and booleans, true = -1, and an empty variant = 0) are numeric;
+// everything else is read as its text.
+Lookup readLookup(const QVariant &value);
+// A number as the 32-bit position it names: rounded half to even; nullopt
+// when it does not fit.
+std::optional<int> toPosition(double number);
+// `prefix` followed by `counter` written with at least five digits.
+QString formatKey(QStringView prefix, qint64 counter);
+
+// Keeps members alive for scripts. QJSEngine deletes an object returned from
+// an invokable method once no script refers to it, unless the object has a
+// QObject parent. Members are therefore parented to small holder objects
+// rather than to their collection: a QObject finds a child in a linear list,
+// so one parent for a million members would make every removal O(n).
+class MemberHolders
+{
+public:
+    MemberHolders() = default;
+    MemberHolders(const MemberHolders &) = delete;
+    MemberHolders &operator=(const MemberHolders &) = delete;
+    // Deletes every holder and with it every member, removed ones included.
+    ~MemberHolders();
+
+    // The holder a new member is made under.
+    QObject *nextParent();
+    // Hands every holder (and every member in it) to the event loop for
+    // deletion; later members go to new holders.
+    void retireAll();
+
+private:
+    // Children per holder: removal scans at most this many pointers.
+    static constexpr int MembersPerHolder = 64;
+    std::vector<QObject *> m_holders;
+};
+
+// The members of a collection: a vector of pointers in position order and an
+// open-addressing table of the same pointers keyed by each member's Key
+// (probed with the member's cached folded hash, compared with
+// QString::compare, so no second copy of any key is kept).
+//
+// T provides Key(), Caption(), Index(), keyHash(), storeIndex(int),
+// storeKey(QString) and setIndexMayLag(bool).
+template<typename T>
+class KeyedList
+{
+public:
+    int count() const { return int(m_members.size()); }
+    T *const *begin() const { return m_members.data(); }
+    T *const *end() const { return m_members.data() + m_members.size(); }
+    const std::vector<T *> &members() const { return m_members; }
+
+    // 1-based; nullptr out of range.
+    T *at(int position) const
+    {
+        return position >= 1 && position <= count() ? m_members[size_t(position - 1)] : nullptr;
+    }
+
+    // 1-based position of `member`, 0 when it is not one.
+    int positionOf(const T *member) const
+    {
+        const auto it = std::find(m_members.begin(), m_members.end(), member);
+        return it == m_members.end() ? 0 : int(it - m_members.begin()) + 1;
+    }
+
+    T *withKey(QStringView key) const
+    {
+        if (m_table.empty())
+            return nullptr;
+        const quint32 hash = foldedKeyHash(key);
+        for (size_t slot = hash & m_mask;; slot = (slot + 1) & m_mask) {
+            T *candidate = m_table[slot];
+            if (!candidate)
+                return nullptr;
+            if (candidate->keyHash() == hash && key.compare(candidate->Key(), Qt::CaseInsensitive) == 0)
+                return candidate;
+        }
+    }
+
+    // Inserts `member` under its Key before the 1-based `position` (Count + 1
+    // appends). False, and nothing changed, when the key is taken.
+    bool insert(T *member, int position)
+    {
+        if (withKey(member->Key()))
+            return false;
+        position = std::clamp(position, 1, count() + 1);
+        m_members.insert(m_members.begin() + (position - 1), member);
+        tableInsert(member);
+        return true;
+    }
+
+    // Removes the member at a valid 1-based position and returns it.
+    T *takeAt(int position)
+    {
+        T *member = m_members[size_t(position - 1)];
+        m_members.erase(m_members.begin() + (position - 1));
+        tableRemove(member);
+        return member;
+    }
+
+    // Forgets every member (their objects are the caller's).
+    void clear()
+    {
+        m_members.clear();
+        m_table.clear();
+        m_mask = 0;
+    }
+
+    // The cached Index of the first member whose caption equals `caption`
+    // case-insensitively, -1 when none.
+    int indexOfCaption(QStringView caption) const
+    {
+        for (const T *member : m_members) {
+            if (caption.compare(member->Caption(), Qt::CaseInsensitive) == 0)
+                return member->Index();
+        }
+        return -1;
+    }
+
+    // A caption match (its cached Index must name a position) before a key match.
+    bool exists(const Lookup &lookup) const
+    {
+        if (lookup.numeric) {
+            const std::optional<int> position = toPosition(lookup.number);
+            return position && at(*position);
+        }
+        const int index = indexOfCaption(lookup.text);
+        if (index == -1)
+            return withKey(lookup.text) != nullptr;
+        return at(index) != nullptr;
+    }
+
+    // Lookup by position, or by key when the text exists (so a text that
+    // matched only a caption finds nothing).
+    T *item(const Lookup &lookup) const
+    {
+        if (lookup.numeric) {
+            if (lookup.number < 1)
+                return nullptr;
+            const std::optional<int> position = toPosition(lookup.number);
+            return position ? at(*position) : nullptr;
+        }
+        return exists(lookup) ? withKey(lookup.text) : nullptr;
+    }
+
+    // Index = position from `position` to Count, only when Count > position.
+    // Returns the first position whose Index it rewrote (Count + 1 when none).
+    // A start below 1 names no member, so nothing is rewritten. When Count
+    // equals `position` the last member keeps its Index: a deliberate early
+    // stop, which the member records.
+    int renumber(int position)
+    {
+        const int n = count();
+        if (position == n && position >= 1) {
+            T *last = m_members.back();
+            last->setIndexMayLag(last->Index() != n);
+            return n + 1;
+        }
+        if (n <= position || position < 1)
+            return n + 1;
+        for (int p = position; p <= n; ++p) {
+            T *member = m_members[size_t(p - 1)];
+            member->storeIndex(p);
+            member->setIndexMayLag(false);
+        }
+        return position;
+    }
+
+    // Positions `first`..`last` changed places but the renumbering began only
+    // at `renumberedFrom`: each member there whose Index no longer matches its
+    // position keeps it by rule.
+    void settle(int first, int last, int renumberedFrom)
+    {
+        last = std::min({last, count(), renumberedFrom - 1});
+        for (int p = std::max(first, 1); p <= last; ++p) {
+            T *member = m_members[size_t(p - 1)];
+            member->setIndexMayLag(member->Index() != p);
+        }
+    }
+
+    // Moves `member` towards `index` and renumbers from the lower of its
+    // cached Index and the clamped value. Returns the clamped value, which
+    // the member stores as its Index; nullopt when it is not a member.
+    std::optional<int> move(T *member, int index)
+    {
+        if (withKey(member->Key()) != member)
+            return std::nullopt;
+        int n = index;
+        if (n >= 0 && n > count())
+            n = count();
+        if (n < 0)
+            n = 1;
+        const int oldPosition = positionOf(member);
+        const int oldIndex = member->Index();
+        m_members.erase(m_members.begin() + (oldPosition - 1));
+        const int remaining = count();
+        int newPosition;
+        if (n >= remaining)
+            newPosition = remaining < 1 || n > remaining ? remaining + 1 : remaining;
+        else
+            newPosition = n < 2 ? 1 : n;
+        m_members.insert(m_members.begin() + (newPosition - 1), member);
+        const int renumberedFrom = renumber(std::min(oldIndex, n));
+        settle(std::min(oldPosition, newPosition), std::max(oldPosition, newPosition), renumberedFrom);
+        // The member is about to store n whatever its place.
+        member->setIndexMayLag(n != newPosition);
+        return n;
+    }
+
+    // Takes the member with `oldKey` out, finds a free key (an empty one, or
+    // one that exists as a key or caption, is replaced by `nextKey()`) and
+    // puts the member back at its place under it.
+    template<typename NextKey>
+    std::optional<QString> changeKey(QStringView oldKey, QString newKey, NextKey nextKey)
+    {
+        T *member = withKey(oldKey);
+        if (!member)
+            return std::nullopt;
+        const int position = positionOf(member);
+        takeAt(position);
+        if (newKey.isEmpty())
+            newKey = nextKey();
+        while (exists(Lookup { false, 0, newKey }))
+            newKey = nextKey();
+        member->storeKey(newKey);
+        m_members.insert(m_members.begin() + std::min(position - 1, count()), member);
+        tableInsert(member);
+        return newKey;
+    }
+
+    // Checks the key table against the members: returns the problems found.
+    QStringList tableProblems() const
+    {
+        QStringList problems;
+        size_t used = 0;
+        for (const T *entry : m_table) {
+            if (!entry)
+                continue;
+            ++used;
+            if (entry->keyHash() != foldedKeyHash(entry->Key()))
+                problems << QStringLiteral("key table: stale hash for key \"%1\"").arg(entry->Key());
+            if (std::find(m_members.begin(), m_members.end(), entry) == m_members.end())
+                problems << QStringLiteral("key table: \"%1\" is no member").arg(entry->Key());
+        }
+        if (used != m_members.size())
+            problems << QStringLiteral("key table holds %1 entries for %2 members").arg(used).arg(m_members.size());
+        for (const T *member : m_members) {
+            if (withKey(member->Key()) != member)
+                problems << QStringLiteral("key \"%1\" does not find its member").arg(member->Key());
+        }
+        return problems;
+    }
+
+private:
+    // The table grows before it is three quarters full.
+    static constexpr size_t MinimumTableSize = 16;
+
+    void tableInsert(T *member)
+    {
+        if ((m_members.size() + 1) * 4 > m_table.size() * 3)
+            rehash(std::max(MinimumTableSize, m_table.size() * 2));
+        size_t slot = member->keyHash() & m_mask;
+        while (m_table[slot])
+            slot = (slot + 1) & m_mask;
+        m_table[slot] = member;
+    }
+
+    // Linear probing with backward-shift deletion: no tombstones, so probes
+    // stay short however many keys come and go.
+    void tableRemove(const T *member)
+    {
+        size_t slot = member->keyHash() & m_mask;
+        while (m_table[slot] != member)
+            slot = (slot + 1) & m_mask;
+        size_t hole = slot;
+        for (size_t next = (hole + 1) & m_mask; m_table[next]; next = (next + 1) & m_mask) {
+            const size_t home = m_table[next]->keyHash() & m_mask;
+            // Move the entry back when its home is not in (hole, next].
+            if (((next - home) & m_mask) >= ((next - hole) & m_mask)) {
+                m_table[hole] = m_table[next];
+                hole = next;
+            }
+        }
+        m_table[hole] = nullptr;
+    }
+
+    void rehash(size_t size)
+    {
+        std::vector<T *> old;
+        old.swap(m_table);
+        m_table.assign(size, nullptr);
+        m_mask = size - 1;
+        for (T *entry : old) {
+            if (!entry)
+                continue;
+            size_t slot = entry->keyHash() & m_mask;
+            while (m_table[slot])
+                slot = (slot + 1) & m_mask;
+            m_table[slot] = entry;
+        }
+    }
+
+    std::vector<T *> m_members;
+    std::vector<T *> m_table;
+    size_t m_mask = 0;
+};
+
+} // namespace OrrinQuiver
