@@ -1,1 +1,7 @@
-# Filled in as the itemview code lands.
+target_sources(OrrinQuiver
+    PRIVATE
+        itemview/ItemContainer.cpp
+        itemview/MousePointer.cpp
+    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
+        itemview/ItemContainer.h
+        itemview/MousePointer.h)
