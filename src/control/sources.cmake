@@ -21,3 +21,15 @@ target_sources(OrrinQuiver
 
 # The built-in header click (made by scripts/make_folder_sound.py).
 target_sources(OrrinQuiver PRIVATE control/resources/sounds.qrc)
+
+# The control itself: its property set, lifecycle and the process-wide resources.
+target_sources(OrrinQuiver
+    PRIVATE
+        control/Quiver.cpp
+        control/Quiver_p.h
+        control/modQuiver.cpp
+        control/modQuiver.h
+    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES control/Quiver.h)
+# Quiver::Version() reports the project's version.
+set_source_files_properties(control/modQuiver.cpp PROPERTIES COMPILE_DEFINITIONS
+    "ORRINQUIVER_VERSION_MAJOR=${PROJECT_VERSION_MAJOR};ORRINQUIVER_VERSION_MINOR=${PROJECT_VERSION_MINOR};ORRINQUIVER_VERSION_PATCH=${PROJECT_VERSION_PATCH}")

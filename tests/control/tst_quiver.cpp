@@ -1,0 +1,705 @@
+#include "control/Quiver.h"
+#include "control/Quiver_p.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+#include "model/Navigation.h"
+
+#include <QtGui/QBitmap>
+#include <QtGui/QIcon>
+#include <QtGui/QImage>
+#include <QtGui/QPixmap>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <QtCore/QTemporaryFile>
+#include <QtCore/QTimer>
+
+using namespace OrrinQuiver;
+
+namespace {
+
+// The names announced by PropertyChanged so far, in order.
+QStringList announced(const QSignalSpy &spy)
+{
+    QStringList names;
+    for (const QList<QVariant> &arguments : spy)
+        names.append(arguments.at(0).toString());
+    return names;
+}
+
+QVariant pixmapOf(int size)
+{
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::red);
+    return pixmap;
+}
+
+// A new control with headers whose visibility `shown` gives ('1' shown).
+void addHeaders(Quiver &bar, const QString &shown)
+{
+    for (int i = bar.Headers()->Count(); i < shown.size(); ++i)
+        bar.Headers()->Add(0, QString(), QStringLiteral("H%1").arg(i + 1));
+    for (int i = 0; i < shown.size(); ++i)
+        bar.Headers()->at(i + 1)->setVisible(shown.at(i) == QLatin1Char('1'));
+}
+
+} // namespace
+
+class tst_Quiver : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initialValues_data();
+    void initialValues();
+    void initialObjects();
+    void clamps_data();
+    void clamps();
+    void notifications_data();
+    void notifications();
+    void shadowSetsHighlight();
+    void imageListForms_data();
+    void imageListForms();
+    void pointerPictures_data();
+    void pointerPictures();
+    void refusedPictureInDesignMode();
+    void noHeaderPictureRestoresBuiltIn();
+    void itemViewsShowItemPointer();
+    void fontComparison_data();
+    void fontComparison();
+    void arrowInterval_data();
+    void arrowInterval();
+    void selectHeader_data();
+    void selectHeader();
+    void openHeaderStaysOpen_data();
+    void openHeaderStaysOpen();
+    void selectAgainOnlyReactivates();
+    void selectItemRecordsAndNotifies();
+    void historyMoveOpensWithoutRecording();
+    void barIdsNeverReused();
+    void firstVisibleAndHitTest();
+    void soundFetched();
+    void aboutBoxIsShared();
+};
+
+void tst_Quiver::initialValues_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<qlonglong>("expected");
+
+    QTest::newRow("AlwaysShowFirstHeader") << QByteArray("AlwaysShowFirstHeader") << 1LL;
+    QTest::newRow("AutoMouseWheel") << QByteArray("AutoMouseWheel") << 0LL;
+    QTest::newRow("BackColor") << QByteArray("BackColor") << 0x80000010LL;
+    QTest::newRow("CheckColor") << QByteArray("CheckColor") << 0x8000000FLL;
+    QTest::newRow("DefaultMaskColor") << QByteArray("DefaultMaskColor") << 0xC0C0C0LL;
+    QTest::newRow("DkShadowColor") << QByteArray("DkShadowColor") << 0x80000015LL;
+    QTest::newRow("FlashDelay") << QByteArray("FlashDelay") << 1000LL;
+    QTest::newRow("HighlightColor") << QByteArray("HighlightColor") << 0x80000014LL;
+    QTest::newRow("ItemMousePointer") << QByteArray("ItemMousePointer") << 1LL;
+    QTest::newRow("ItemsMoveWithClick") << QByteArray("ItemsMoveWithClick") << 0LL;
+    QTest::newRow("ItemsStayDownWithClick") << QByteArray("ItemsStayDownWithClick") << 0LL;
+    QTest::newRow("ItemForeColor") << QByteArray("ItemForeColor") << 0x80000005LL;
+    QTest::newRow("ItemOverForeColor") << QByteArray("ItemOverForeColor") << 0x80000005LL;
+    QTest::newRow("ItemOverBackColor") << QByteArray("ItemOverBackColor") << 0x80000010LL;
+    QTest::newRow("ItemDownBackColor") << QByteArray("ItemDownBackColor") << 0x80000010LL;
+    QTest::newRow("ItemDownForeColor") << QByteArray("ItemDownForeColor") << 0x80000005LL;
+    QTest::newRow("ItemsUnderlineOnMove") << QByteArray("ItemsUnderlineOnMove") << 0LL;
+    QTest::newRow("OLEDragMode") << QByteArray("OLEDragMode") << 0LL;
+    QTest::newRow("OLEDropMode") << QByteArray("OLEDropMode") << 3LL;
+    QTest::newRow("PlaySounds") << QByteArray("PlaySounds") << 1LL;
+    QTest::newRow("ScrollDelay") << QByteArray("ScrollDelay") << 120LL;
+    QTest::newRow("ShadowColor") << QByteArray("ShadowColor") << 0x80000010LL;
+    QTest::newRow("ShowToolTips") << QByteArray("ShowToolTips") << 1LL;
+    QTest::newRow("SmoothScroll") << QByteArray("SmoothScroll") << 1LL;
+    QTest::newRow("Style") << QByteArray("Style") << 0LL;
+    QTest::newRow("UseSystemSounds") << QByteArray("UseSystemSounds") << 1LL;
+    QTest::newRow("HeaderBackColor") << QByteArray("HeaderBackColor") << 0x8000000FLL;
+    QTest::newRow("HeaderMousePointer") << QByteArray("HeaderMousePointer") << 99LL;
+    QTest::newRow("HeaderForeColor") << QByteArray("HeaderForeColor") << 0x80000012LL;
+    QTest::newRow("HeaderOverForeColor") << QByteArray("HeaderOverForeColor") << 0x80000012LL;
+}
+
+void tst_Quiver::initialValues()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(qlonglong, expected);
+    Quiver bar;
+    bar.InitProperties();
+    const QVariant value = bar.property(property.constData());
+    QVERIFY(value.isValid());
+    QCOMPARE(value.toLongLong(), expected);
+}
+
+void tst_Quiver::initialObjects()
+{
+    Quiver bar;
+    const QFont widgetFont = bar.font();
+    bar.InitProperties();
+
+    QCOMPARE(bar.Headers()->Count(), 1);
+    QCOMPARE(bar.Headers()->at(1)->Caption(), QStringLiteral("Header 1"));
+    QCOMPARE(bar.SelectedHeader(), bar.Headers()->at(1));
+    QVERIFY(bar.Navigation()->Enabled());
+    QCOMPARE(bar.Font(), widgetFont);
+    QCOMPARE(bar.HeaderMouseIcon().value<QCursor>().shape(), Qt::PointingHandCursor);
+    QVERIFY(!bar.ItemMouseIcon().isValid());
+    QVERIFY(!(bar.focusPolicy() & Qt::TabFocus));
+    QCOMPARE(bar.HeaderHeight(), QFontMetrics(widgetFont).height() + 4 + 4 + 1);
+    QCOMPARE(bar.SoundItemURL(), QString());
+    QCOMPARE(bar.Version(), QStringLiteral("2.0.1"));
+    QCOMPARE(bar.VBVersion(), QStringLiteral("VB6"));
+
+    const auto views = bar.findChildren<ItemContainer *>();
+    QCOMPARE(views.size(), 1);
+    QVERIFY(views.first()->Active());
+    QCOMPARE(bar.findChild<QTimer *>(QStringLiteral("ArrowTimer"))->interval(), 200);
+    const QTimer *redraw = bar.findChild<QTimer *>(QStringLiteral("RedrawTimer"));
+    QCOMPARE(redraw->interval(), 250);
+    QVERIFY(redraw->isSingleShot());
+}
+
+void tst_Quiver::clamps_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("stored");
+
+    QTest::newRow("flash below") << QByteArray("FlashDelay") << 50 << 100;
+    QTest::newRow("flash low edge") << QByteArray("FlashDelay") << 100 << 100;
+    QTest::newRow("flash above") << QByteArray("FlashDelay") << 9000 << 5000;
+    QTest::newRow("flash inside") << QByteArray("FlashDelay") << 750 << 750;
+    QTest::newRow("scroll zero") << QByteArray("ScrollDelay") << 0 << 10;
+    QTest::newRow("scroll negative") << QByteArray("ScrollDelay") << -40 << 10;
+    QTest::newRow("scroll above") << QByteArray("ScrollDelay") << 2001 << 2000;
+    QTest::newRow("scroll inside") << QByteArray("ScrollDelay") << 333 << 333;
+}
+
+void tst_Quiver::clamps()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(int, value);
+    QFETCH(int, stored);
+    Quiver bar;
+    bar.InitProperties();
+    QVERIFY(bar.setProperty(property.constData(), value));
+    QCOMPARE(bar.property(property.constData()).toInt(), stored);
+    if (property == "FlashDelay")
+        QCOMPARE(bar.findChild<QTimer *>(QStringLiteral("FlashTimer"))->interval(), stored);
+}
+
+void tst_Quiver::notifications_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("second");
+
+    const QVariant red = QVariant::fromValue<OLE_COLOR>(0x0000FF);
+    const QStringList compared = {"BackColor", "CheckColor", "DkShadowColor", "HighlightColor", "ShadowColor",
+                                  "ItemForeColor", "ItemOverForeColor", "ItemOverBackColor",
+                                  "ItemDownBackColor", "ItemDownForeColor", "HeaderBackColor",
+                                  "HeaderForeColor", "HeaderOverForeColor"};
+    for (const QString &name : compared)
+        QTest::newRow(qPrintable(name)) << name.toLatin1() << red << 1 << 0;
+    QTest::newRow("DefaultMaskColor") << QByteArray("DefaultMaskColor") << red << 1 << 1;
+
+    QTest::newRow("ItemsMoveWithClick") << QByteArray("ItemsMoveWithClick") << QVariant(true) << 1 << 0;
+    QTest::newRow("ItemsStayDownWithClick") << QByteArray("ItemsStayDownWithClick") << QVariant(true) << 1 << 0;
+    QTest::newRow("ItemsUnderlineOnMove") << QByteArray("ItemsUnderlineOnMove") << QVariant(true) << 1 << 0;
+    QTest::newRow("AlwaysShowFirstHeader") << QByteArray("AlwaysShowFirstHeader") << QVariant(false) << 1 << 1;
+    QTest::newRow("AutoMouseWheel") << QByteArray("AutoMouseWheel") << QVariant(true) << 1 << 1;
+    QTest::newRow("PlaySounds") << QByteArray("PlaySounds") << QVariant(false) << 1 << 1;
+    QTest::newRow("UseSystemSounds") << QByteArray("UseSystemSounds") << QVariant(false) << 1 << 1;
+    QTest::newRow("ShowToolTips") << QByteArray("ShowToolTips") << QVariant(false) << 1 << 1;
+    QTest::newRow("SmoothScroll") << QByteArray("SmoothScroll") << QVariant(false) << 1 << 1;
+    QTest::newRow("OLEDragMode") << QByteArray("OLEDragMode") << QVariant(1) << 1 << 1;
+    QTest::newRow("OLEDropMode") << QByteArray("OLEDropMode") << QVariant(0) << 1 << 1;
+    QTest::newRow("Style") << QByteArray("Style") << QVariant(4) << 1 << 1;
+    QTest::newRow("Style out of range") << QByteArray("Style") << QVariant(9) << 1 << 1;
+    QTest::newRow("FlashDelay") << QByteArray("FlashDelay") << QVariant(300) << 1 << 1;
+    QTest::newRow("ScrollDelay") << QByteArray("ScrollDelay") << QVariant(300) << 1 << 1;
+    QTest::newRow("ItemMousePointer") << QByteArray("ItemMousePointer") << QVariant(3) << 1 << 1;
+    QTest::newRow("HeaderMousePointer") << QByteArray("HeaderMousePointer") << QVariant(3) << 1 << 1;
+    QTest::newRow("ItemMouseIcon") << QByteArray("ItemMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
+    QTest::newRow("HeaderMouseIcon") << QByteArray("HeaderMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1
+                                     << 1;
+    QTest::newRow("SoundItemURL") << QByteArray("SoundItemURL") << QVariant(QStringLiteral("/nowhere/a.wav")) << 1
+                                  << 0;
+    QTest::newRow("SoundHeaderUpURL") << QByteArray("SoundHeaderUpURL") << QVariant(QStringLiteral("/nowhere/b.wav"))
+                                      << 1 << 0;
+    QTest::newRow("SoundHeaderDownURL") << QByteArray("SoundHeaderDownURL")
+                                        << QVariant(QStringLiteral("/nowhere/c.wav")) << 1 << 0;
+    QFont font;
+    font.setFamily(QStringLiteral("Serif Test Family"));
+    QTest::newRow("Font") << QByteArray("Font") << QVariant(font) << 1 << 0;
+}
+
+void tst_Quiver::notifications()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    QFETCH(int, first);
+    QFETCH(int, second);
+    Quiver bar;
+    bar.InitProperties();
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    QVERIFY(bar.setProperty(property.constData(), value));
+    QCOMPARE(announced(spy), QStringList(first, QString::fromLatin1(property)));
+    spy.clear();
+    QVERIFY(bar.setProperty(property.constData(), value));
+    QCOMPARE(announced(spy), QStringList(second, QString::fromLatin1(property)));
+    const QVariant stored = bar.property(property.constData());
+    if (value.userType() == QMetaType::QString)
+        QCOMPARE(stored.toString(), value.toString());
+    else if (value.canConvert<qlonglong>())
+        QCOMPARE(stored.toLongLong(), value.toLongLong());
+}
+
+void tst_Quiver::shadowSetsHighlight()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.setShadowColor(0x123456);
+    QCOMPARE(bar.HighlightColor(), OLE_COLOR(0x123456));
+    bar.setHighlightColor(0x654321);
+    QCOMPARE(bar.ShadowColor(), OLE_COLOR(0x123456));
+    QCOMPARE(bar.HighlightColor(), OLE_COLOR(0x654321));
+}
+
+void tst_Quiver::imageListForms_data()
+{
+    QTest::addColumn<bool>("small");
+    QTest::addColumn<bool>("byValue");
+    QTest::addColumn<bool>("laysOut");
+
+    QTest::newRow("Icons by reference") << false << false << false;
+    QTest::newRow("Icons by value") << false << true << true;
+    QTest::newRow("SmallIcons by reference") << true << false << true;
+    QTest::newRow("SmallIcons by value") << true << true << false;
+}
+
+// The layout measures the header height from the control's font; a font set
+// behind the Font property's back shows in HeaderHeight only once the
+// strip is laid out again.
+void tst_Quiver::imageListForms()
+{
+    QFETCH(bool, small);
+    QFETCH(bool, byValue);
+    QFETCH(bool, laysOut);
+    Quiver bar;
+    bar.InitProperties();
+    const int before = bar.HeaderHeight();
+    QFont large = bar.font();
+    large.setPixelSize(QFontMetrics(large).height() * 3);
+    static_cast<QWidget &>(bar).setFont(large);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    QObject images;
+    if (small)
+        byValue ? bar.letSmallIcons(&images) : bar.setSmallIcons(&images);
+    else
+        byValue ? bar.letIcons(&images) : bar.setIcons(&images);
+
+    QCOMPARE(small ? bar.SmallIcons() : bar.Icons(), &images);
+    QCOMPARE(bar.HeaderHeight() != before, laysOut);
+    QCOMPARE(spy.count(), 0);
+}
+
+void tst_Quiver::pointerPictures_data()
+{
+    QTest::addColumn<QVariant>("picture");
+    QTest::addColumn<bool>("accepted");
+    QTest::addColumn<bool>("none");
+
+    QTest::newRow("invalid is none") << QVariant() << true << true;
+    QTest::newRow("null pixmap is none") << QVariant(QPixmap()) << true << true;
+    QTest::newRow("null icon is none") << QVariant(QIcon()) << true << true;
+    QTest::newRow("cursor") << QVariant(QCursor(Qt::CrossCursor)) << true << false;
+    QTest::newRow("icon") << QVariant(QIcon(pixmapOf(16).value<QPixmap>())) << true << false;
+    QTest::newRow("pixmap refused") << pixmapOf(16) << false << false;
+    QTest::newRow("image refused") << QVariant(pixmapOf(16).value<QPixmap>().toImage()) << false << false;
+    QTest::newRow("bitmap refused") << QVariant(QBitmap(16, 16)) << false << false;
+    QTest::newRow("text refused") << QVariant(QStringLiteral("arrow.cur")) << false << false;
+}
+
+void tst_Quiver::pointerPictures()
+{
+    QFETCH(QVariant, picture);
+    QFETCH(bool, accepted);
+    QFETCH(bool, none);
+    Quiver bar;
+    bar.InitProperties();
+    const QVariant old = QCursor(Qt::SizeAllCursor);
+    bar.setItemMouseIcon(old);
+    bar.setItemMousePointer(99);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    bar.setItemMouseIcon(picture);
+
+    QCOMPARE(spy.count(), accepted ? 1 : 0);
+    QVERIFY(bar.findChildren<QMessageBox *>().isEmpty());
+    if (!accepted)
+        QCOMPARE(bar.ItemMouseIcon().value<QCursor>().shape(), Qt::SizeAllCursor);
+    else if (none)
+        QVERIFY(!bar.ItemMouseIcon().isValid());
+    else
+        QCOMPARE(bar.ItemMouseIcon().userType(), picture.userType());
+    QCOMPARE(bar.ItemMousePointer(), none ? 1 : 99);
+}
+
+void tst_Quiver::refusedPictureInDesignMode()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.setDesignMode(true);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    bar.setHeaderMouseIcon(pixmapOf(32));
+
+    auto *box = bar.findChild<QMessageBox *>();
+    QVERIFY(box);
+    QCOMPARE(box->text(), QStringLiteral("The MouseIcon property must be an icon or cursor"));
+    QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+    box->button(QMessageBox::Ok)->click();
+    QTRY_VERIFY(bar.findChildren<QMessageBox *>().isEmpty());
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(bar.HeaderMouseIcon().value<QCursor>().shape(), Qt::PointingHandCursor);
+}
+
+void tst_Quiver::noHeaderPictureRestoresBuiltIn()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.setHeaderMouseIcon(QCursor(Qt::CrossCursor));
+    bar.setHeaderMousePointer(5);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    bar.setHeaderMouseIcon(QVariant());
+
+    QCOMPARE(announced(spy), QStringList({"HeaderMousePointer", "HeaderMouseIcon"}));
+    QCOMPARE(bar.HeaderMousePointer(), 99);
+    QCOMPARE(bar.HeaderMouseIcon().value<QCursor>().shape(), Qt::PointingHandCursor);
+}
+
+void tst_Quiver::itemViewsShowItemPointer()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.setItemMousePointer(3);
+    bar.Headers()->Add();
+    for (const ItemContainer *view : bar.findChildren<ItemContainer *>())
+        QCOMPARE(view->cursor().shape(), Qt::IBeamCursor);
+
+    bar.setItemMouseIcon(QCursor(Qt::WaitCursor));
+    bar.setItemMousePointer(99);
+    for (const ItemContainer *view : bar.findChildren<ItemContainer *>())
+        QCOMPARE(view->cursor().shape(), Qt::WaitCursor);
+}
+
+void tst_Quiver::fontComparison_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<bool>("taken");
+
+    QTest::newRow("strike-out only") << "strikeout" << false;
+    QTest::newRow("weight below bold") << "light" << false;
+    QTest::newRow("letter spacing") << "spacing" << false;
+    QTest::newRow("size") << "size" << true;
+    QTest::newRow("family") << "family" << true;
+    QTest::newRow("underline") << "underline" << true;
+    QTest::newRow("italic") << "italic" << true;
+    QTest::newRow("bold") << "bold" << true;
+}
+
+void tst_Quiver::fontComparison()
+{
+    QFETCH(QString, change);
+    QFETCH(bool, taken);
+    Quiver bar;
+    bar.InitProperties();
+    bar.Headers()->Add();
+    QFont font = bar.Font();
+    if (change == "strikeout")
+        font.setStrikeOut(true);
+    else if (change == "light")
+        font.setWeight(QFont::Light);
+    else if (change == "spacing")
+        font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
+    else if (change == "size")
+        font.setPointSizeF(font.pointSizeF() + 5);
+    else if (change == "family")
+        font.setFamily(QStringLiteral("Another Family"));
+    else if (change == "underline")
+        font.setUnderline(true);
+    else if (change == "italic")
+        font.setItalic(true);
+    else
+        font.setBold(true);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    bar.setFont(font);
+
+    QCOMPARE(spy.count(), taken ? 1 : 0);
+    QCOMPARE(bar.Font() == font, taken);
+    for (const ItemContainer *view : bar.findChildren<ItemContainer *>())
+        QCOMPARE(view->font() == font, taken);
+}
+
+void tst_Quiver::arrowInterval_data()
+{
+    QTest::addColumn<QList<int>>("delays");
+    QTest::addColumn<QList<int>>("smooth");
+    QTest::addColumn<int>("interval");
+
+    // Assignments run in row order: delays first, then the smooth flags.
+    QTest::newRow("untouched") << QList<int>() << QList<int>() << 200;
+    QTest::newRow("smooth unchanged keeps the timer") << QList<int>() << QList<int>{1} << 200;
+    QTest::newRow("delay 0 smooth") << QList<int>{0} << QList<int>() << 10;
+    QTest::newRow("delay 0 then not smooth") << QList<int>{0} << QList<int>{0} << 20;
+    QTest::newRow("not smooth uses the stored delay") << QList<int>() << QList<int>{0} << 240;
+    QTest::newRow("back to smooth") << QList<int>{300} << QList<int>{0, 1} << 300;
+}
+
+void tst_Quiver::arrowInterval()
+{
+    QFETCH(QList<int>, delays);
+    QFETCH(QList<int>, smooth);
+    QFETCH(int, interval);
+    Quiver bar;
+    bar.InitProperties();
+    for (int delay : delays)
+        bar.setScrollDelay(delay);
+    for (int on : smooth)
+        bar.setSmoothScroll(on != 0);
+    QCOMPARE(bar.findChild<QTimer *>(QStringLiteral("ArrowTimer"))->interval(), interval);
+}
+
+void tst_Quiver::selectHeader_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("requested");
+    QTest::addColumn<int>("opened");
+
+    QTest::newRow("visible request") << "1111" << 1 << 3 << 3;
+    QTest::newRow("hidden request takes the next") << "1101" << 1 << 3 << 4;
+    QTest::newRow("none after: nearest before") << "1100" << 1 << 4 << 2;
+    QTest::newRow("beyond the end: last visible") << "1110" << 1 << 9 << 3;
+    QTest::newRow("below 1: first visible") << "0011" << 4 << -2 << 3;
+    QTest::newRow("none visible") << "0000" << 1 << 2 << 0;
+}
+
+void tst_Quiver::selectHeader()
+{
+    QFETCH(QString, shown);
+    QFETCH(int, start);
+    QFETCH(int, requested);
+    QFETCH(int, opened);
+    Quiver bar;
+    bar.InitProperties();
+    addHeaders(bar, shown);
+    // The content model's way in: a header's Selected passes its own Index,
+    // the history and the loaders pass any position.
+    ControlLink *link = QuiverPrivate::get(&bar);
+    link->openHeader(start);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    link->openHeader(requested);
+
+    QCOMPARE(link->selectedHeaderPosition(), opened);
+    QCOMPARE(bar.SelectedHeader(), bar.Headers()->at(opened));
+    QCOMPARE(announced(spy), QStringList{"CurrentHeader"});
+    for (const Header *header : *bar.Headers()) {
+        const auto *view = static_cast<ItemContainer *>(header->itemView());
+        QCOMPARE(view->Active(), header->Index() == opened);
+        QCOMPARE(view->isVisibleTo(&bar), header->Index() == opened);
+    }
+}
+
+void tst_Quiver::openHeaderStaysOpen_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<QString>("open");
+
+    QTest::newRow("add before") << "add" << "H3";
+    QTest::newRow("remove before") << "remove 1" << "H3";
+    QTest::newRow("move before") << "move 1" << "H3";
+    QTest::newRow("remove the open one") << "remove 3" << "H4";
+    QTest::newRow("remove the open one, next hidden") << "hide 4, remove 3" << "H2";
+    QTest::newRow("clear") << "clear" << "";
+}
+
+// Headers H1 to H4 with H3 open; other headers come and go.
+void tst_Quiver::openHeaderStaysOpen()
+{
+    QFETCH(QString, change);
+    QFETCH(QString, open);
+    Quiver bar;
+    bar.InitProperties();
+    bar.Headers()->at(1)->setCaption(QStringLiteral("H1"));
+    addHeaders(bar, QStringLiteral("1111"));
+    bar.Headers()->at(3)->setSelected(true);
+
+    if (change == "add")
+        bar.Headers()->Add(-1);
+    else if (change == "move 1")
+        bar.Headers()->at(1)->setIndex(4);
+    else if (change == "clear")
+        bar.Headers()->Clear();
+    else if (change.startsWith("hide 4"))
+        bar.Headers()->at(4)->setVisible(false);
+    if (change.startsWith("remove") || change.contains(", remove"))
+        bar.Headers()->Remove(change.right(1).toInt());
+
+    const Header *selected = bar.SelectedHeader();
+    QCOMPARE(selected ? selected->Caption() : QString(), open);
+    int active = 0;
+    for (const Header *header : *bar.Headers())
+        active += static_cast<ItemContainer *>(header->itemView())->Active() ? 1 : 0;
+    QCOMPARE(active, open.isEmpty() ? 0 : 1);
+}
+
+void tst_Quiver::selectAgainOnlyReactivates()
+{
+    Quiver bar;
+    bar.InitProperties();
+    Header *first = bar.Headers()->at(1);
+    auto *view = static_cast<ItemContainer *>(first->itemView());
+    view->setActive(false);
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    first->setSelected(false);
+
+    QVERIFY(view->Active());
+    QCOMPARE(spy.count(), 0);
+}
+
+void tst_Quiver::selectItemRecordsAndNotifies()
+{
+    Quiver bar;
+    bar.InitProperties();
+    Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
+    second->Items()->Add(0, QStringLiteral("a"), QStringLiteral("A"));
+    Item *b = second->Items()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
+    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
+
+    b->setSelected(false);
+
+    QCOMPARE(announced(spy), QStringList({"CurrentHeader", "CurrentItem"}));
+    QCOMPARE(bar.SelectedItem(), b);
+    QVERIFY(b->Selected());
+    QCOMPARE(bar.Navigation()->CurrentPosition(), 1);
+
+    spy.clear();
+    QuiverPrivate::get(&bar)->selectItem(3);
+    QuiverPrivate::get(&bar)->selectItem(0);
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(bar.SelectedItem(), b);
+    QCOMPARE(bar.Navigation()->CurrentPosition(), 1);
+}
+
+void tst_Quiver::historyMoveOpensWithoutRecording()
+{
+    Quiver bar;
+    bar.InitProperties();
+    Header *first = bar.Headers()->at(1);
+    Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
+    Item *a = first->Items()->Add(0, QStringLiteral("a"));
+    Item *b = second->Items()->Add(0, QStringLiteral("b"));
+    Item *c = second->Items()->Add(0, QStringLiteral("c"));
+    a->setSelected(true);
+    b->setSelected(true);
+    c->setSelected(true);
+    a->setSelected(true);
+    QCOMPARE(bar.Navigation()->CurrentPosition(), 4);
+    QSignalSpy moves(bar.Navigation(), &Navigation::ChangePosition);
+
+    bar.Navigation()->GoBack(2);
+
+    // The history reads the entry one past the new position: the third pair.
+    QCOMPARE(moves.count(), 1);
+    QCOMPARE(moves.at(0).at(1).toString(), QStringLiteral("c"));
+    QCOMPARE(bar.SelectedHeader(), second);
+    QCOMPARE(bar.SelectedItem(), c);
+    QCOMPARE(bar.Navigation()->CurrentPosition(), 2);
+    QVERIFY(bar.Navigation()->CanGoForward());
+}
+
+void tst_Quiver::barIdsNeverReused()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.Headers()->Add();
+    bar.Headers()->Add();
+    bar.Headers()->Remove(2);
+    const Header *added = bar.Headers()->Add();
+    QCOMPARE(added->barId(), 4);
+    QCOMPARE(bar.Headers()->at(1)->barId(), 1);
+    QTRY_COMPARE(bar.findChildren<ItemContainer *>().size(), 3);
+}
+
+void tst_Quiver::firstVisibleAndHitTest()
+{
+    Quiver bar;
+    bar.InitProperties();
+    bar.resize(200, 300);
+    QCOMPARE(bar.GetFirstVisible(), nullptr);
+    Item *first = bar.Headers()->at(1)->Items()->Add();
+    bar.Headers()->at(1)->Items()->Add();
+    QCOMPARE(bar.GetFirstVisible(), first);
+
+    const auto *view = static_cast<ItemContainer *>(bar.Headers()->at(1)->itemView());
+    QCOMPARE(bar.HitTest(-1, view->y() + 1), nullptr);
+    QCOMPARE(bar.HitTest(201, view->y() + 1), nullptr);
+    QCOMPARE(bar.HitTest(10, view->y() - 1), nullptr);
+}
+
+void tst_Quiver::soundFetched()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("RIFF-sound");
+    file.close();
+    Quiver bar;
+    bar.InitProperties();
+    const QuiverPrivate::Sound &sound = QuiverPrivate::get(&bar)->itemSound;
+
+    bar.setSoundItemURL(QUrl::fromLocalFile(file.fileName()).toString());
+    QTRY_VERIFY(sound.loaded);
+    QCOMPARE(sound.data, QByteArray("RIFF-sound"));
+
+    bar.setSoundItemURL(QString());
+    QVERIFY(!sound.loaded);
+}
+
+void tst_Quiver::aboutBoxIsShared()
+{
+    Quiver one;
+    Quiver two;
+    QList<QWidget *> shown;
+    auto closeWhenShown = [&shown] {
+        QTimer::singleShot(0, [&shown] {
+            shown.append(QApplication::activeModalWidget());
+            if (shown.last())
+                shown.last()->close();
+        });
+    };
+    closeWhenShown();
+    one.AboutBox();
+    closeWhenShown();
+    two.AboutBox();
+
+    QCOMPARE(shown.size(), 2);
+    QVERIFY(shown.at(0));
+    QCOMPARE(shown.at(0), shown.at(1));
+    QVERIFY(static_cast<QMessageBox *>(shown.at(0))->text().contains(QStringLiteral("2.0.1")));
+}
+
+QTEST_MAIN(tst_Quiver)
+#include "tst_quiver.moc"
