@@ -55,9 +55,12 @@ const QString RefusedPictureMessage = QStringLiteral("The MouseIcon property mus
 
 // What a value assigned to a pointer-picture property is.
 enum class PictureKind {
-    None,    // no picture: an invalid variant or an empty picture
-    Pointer, // an icon or a cursor
-    Refused  // a bitmap or anything else
+    // No picture: an invalid variant or an empty picture.
+    None,
+    // An icon or a cursor.
+    Pointer,
+    // A bitmap or anything else.
+    Refused
 };
 
 template<typename Image>
@@ -71,12 +74,18 @@ PictureKind pictureKind(const QVariant &picture)
     if (!picture.isValid() || picture.isNull())
         return PictureKind::None;
     switch (picture.userType()) {
-    case QMetaType::QCursor: return PictureKind::Pointer;
-    case QMetaType::QIcon: return picture.value<QIcon>().isNull() ? PictureKind::None : PictureKind::Pointer;
-    case QMetaType::QPixmap: return bitmapKind<QPixmap>(picture);
-    case QMetaType::QBitmap: return bitmapKind<QBitmap>(picture);
-    case QMetaType::QImage: return bitmapKind<QImage>(picture);
-    default: return PictureKind::Refused;
+    case QMetaType::QCursor:
+        return PictureKind::Pointer;
+    case QMetaType::QIcon:
+        return picture.value<QIcon>().isNull() ? PictureKind::None : PictureKind::Pointer;
+    case QMetaType::QPixmap:
+        return bitmapKind<QPixmap>(picture);
+    case QMetaType::QBitmap:
+        return bitmapKind<QBitmap>(picture);
+    case QMetaType::QImage:
+        return bitmapKind<QImage>(picture);
+    default:
+        return PictureKind::Refused;
     }
 }
 
@@ -103,30 +112,20 @@ QTimer *makeTimer(QObject *parent, const char *name, int interval)
 
 QuiverPrivate::QuiverPrivate(Quiver *control)
     : q(control)
-{
-}
+{ }
 
 QuiverPrivate::~QuiverPrivate() = default;
 
-void QuiverPrivate::notify(const QString &name)
-{
-    emit q->PropertyChanged(name);
-}
+void QuiverPrivate::notify(const QString &name) { emit q->PropertyChanged(name); }
 
 ItemContainer *QuiverPrivate::viewOf(const Header *header) const
 {
     return header ? bars.value(header->barId()).view.data() : nullptr;
 }
 
-ItemContainer *QuiverPrivate::viewAt(int position) const
-{
-    return viewOf(headers->at(position));
-}
+ItemContainer *QuiverPrivate::viewAt(int position) const { return viewOf(headers->at(position)); }
 
-ItemContainer *QuiverPrivate::openView() const
-{
-    return viewAt(selectedPosition);
-}
+ItemContainer *QuiverPrivate::openView() const { return viewAt(selectedPosition); }
 
 QList<ItemContainer *> QuiverPrivate::views() const
 {
@@ -328,10 +327,7 @@ void QuiverPrivate::setSoundUrl(Sound &sound, const QString &url, const QString 
 
 // --- ControlLink -------------------------------------------------------------
 
-Headers *QuiverPrivate::headerCollection() const
-{
-    return headers;
-}
+Headers *QuiverPrivate::headerCollection() const { return headers; }
 
 ControlLink::HeaderViews QuiverPrivate::createHeaderViews(int position, const QString &, qvViewType view)
 {
@@ -357,7 +353,7 @@ ControlLink::HeaderViews QuiverPrivate::createHeaderViews(int position, const QS
         selectedPosition = position;
         container->setActive(true);
     }
-    return {barId, container};
+    return { barId, container };
 }
 
 void QuiverPrivate::destroyHeaderViews(int barId, bool relayout)
@@ -384,35 +380,17 @@ void QuiverPrivate::redrawHeaderBar(int barId)
         q->update();
 }
 
-void QuiverPrivate::relayoutStrip()
-{
-    layoutStrip();
-}
+void QuiverPrivate::relayoutStrip() { layoutStrip(); }
 
-int QuiverPrivate::selectedHeaderPosition() const
-{
-    return selectedPosition;
-}
+int QuiverPrivate::selectedHeaderPosition() const { return selectedPosition; }
 
-void QuiverPrivate::openHeader(int position)
-{
-    selectHeader(position);
-}
+void QuiverPrivate::openHeader(int position) { selectHeader(position); }
 
-Header *QuiverPrivate::selectedHeader() const
-{
-    return q->SelectedHeader();
-}
+Header *QuiverPrivate::selectedHeader() const { return q->SelectedHeader(); }
 
-Item *QuiverPrivate::selectedItem() const
-{
-    return q->SelectedItem();
-}
+Item *QuiverPrivate::selectedItem() const { return q->SelectedItem(); }
 
-OLE_COLOR QuiverPrivate::itemForeColor() const
-{
-    return itemForeColorValue;
-}
+OLE_COLOR QuiverPrivate::itemForeColor() const { return itemForeColorValue; }
 
 // Header flashing belongs to the timers of the strip; the request is ignored
 // until they exist.
@@ -428,17 +406,11 @@ void QuiverPrivate::startHeaderLabelEdit(const QString &) { }
 void QuiverPrivate::loadUrlIcon(const QString &, bool) { }
 
 // The XML format is not connected yet: headers write "", reading changes nothing.
-QString QuiverPrivate::headerXml(const Header *) const
-{
-    return {};
-}
+QString QuiverPrivate::headerXml(const Header *) const { return {}; }
 
 void QuiverPrivate::setHeaderXml(Header *, const QString &) { }
 
-QString QuiverPrivate::historyXml() const
-{
-    return {};
-}
+QString QuiverPrivate::historyXml() const { return {}; }
 
 // --- Quiver ------------------------------------------------------------------
 
@@ -449,9 +421,10 @@ Quiver::Quiver(QWidget *parent)
     modQuiver::addInstance();
     d->headers = new OrrinQuiver::Headers(d.get(), this);
     d->navigation = new OrrinQuiver::Navigation(d.get(), this);
-    connect(d->navigation, &OrrinQuiver::Navigation::ChangePosition, this, [this](const QString &header, const QString &item) {
-        quietly([&] { d->followHistory(header, item); });
-    });
+    connect(d->navigation, &OrrinQuiver::Navigation::ChangePosition, this,
+            [this](const QString &header, const QString &item) {
+                quietly([&] { d->followHistory(header, item); });
+            });
     d->flashTimer = makeTimer(this, "FlashTimer", InitialFlashInterval);
     d->arrowTimer = makeTimer(this, "ArrowTimer", InitialArrowInterval);
     d->redrawTimer = makeTimer(this, "RedrawTimer", InitialRedrawInterval);
@@ -515,10 +488,7 @@ void Quiver::InitProperties()
     });
 }
 
-bool Quiver::DesignMode() const
-{
-    return d->designMode;
-}
+bool Quiver::DesignMode() const { return d->designMode; }
 
 void Quiver::setDesignMode(bool on)
 {
@@ -529,20 +499,11 @@ void Quiver::setDesignMode(bool on)
     });
 }
 
-Headers *Quiver::Headers() const
-{
-    return d->headers;
-}
+Headers *Quiver::Headers() const { return d->headers; }
 
-Navigation *Quiver::Navigation() const
-{
-    return d->navigation;
-}
+Navigation *Quiver::Navigation() const { return d->navigation; }
 
-bool Quiver::AlwaysShowFirstHeader() const
-{
-    return d->alwaysShowFirstHeader;
-}
+bool Quiver::AlwaysShowFirstHeader() const { return d->alwaysShowFirstHeader; }
 
 void Quiver::setAlwaysShowFirstHeader(bool on)
 {
@@ -554,10 +515,7 @@ void Quiver::setAlwaysShowFirstHeader(bool on)
     d->notify(QStringLiteral("AlwaysShowFirstHeader"));
 }
 
-bool Quiver::AutoMouseWheel() const
-{
-    return d->autoMouseWheel;
-}
+bool Quiver::AutoMouseWheel() const { return d->autoMouseWheel; }
 
 void Quiver::setAutoMouseWheel(bool on)
 {
@@ -565,10 +523,7 @@ void Quiver::setAutoMouseWheel(bool on)
     d->notify(QStringLiteral("AutoMouseWheel"));
 }
 
-OLE_COLOR Quiver::BackColor() const
-{
-    return d->backColor;
-}
+OLE_COLOR Quiver::BackColor() const { return d->backColor; }
 
 void Quiver::setBackColor(OLE_COLOR color)
 {
@@ -576,10 +531,7 @@ void Quiver::setBackColor(OLE_COLOR color)
         d->recolorItems(QStringLiteral("BackColor"));
 }
 
-OLE_COLOR Quiver::CheckColor() const
-{
-    return d->checkColor;
-}
+OLE_COLOR Quiver::CheckColor() const { return d->checkColor; }
 
 void Quiver::setCheckColor(OLE_COLOR color)
 {
@@ -587,10 +539,7 @@ void Quiver::setCheckColor(OLE_COLOR color)
         d->recolorItems(QStringLiteral("CheckColor"));
 }
 
-OLE_COLOR Quiver::DefaultMaskColor() const
-{
-    return d->defaultMaskColor;
-}
+OLE_COLOR Quiver::DefaultMaskColor() const { return d->defaultMaskColor; }
 
 void Quiver::setDefaultMaskColor(OLE_COLOR color)
 {
@@ -603,10 +552,7 @@ void Quiver::setDefaultMaskColor(OLE_COLOR color)
     d->notify(QStringLiteral("DefaultMaskColor"));
 }
 
-OLE_COLOR Quiver::DkShadowColor() const
-{
-    return d->dkShadowColor;
-}
+OLE_COLOR Quiver::DkShadowColor() const { return d->dkShadowColor; }
 
 void Quiver::setDkShadowColor(OLE_COLOR color)
 {
@@ -616,10 +562,7 @@ void Quiver::setDkShadowColor(OLE_COLOR color)
     d->restyleHeaders(true, QStringLiteral("DkShadowColor"));
 }
 
-OLE_COLOR Quiver::ShadowColor() const
-{
-    return d->shadowColor;
-}
+OLE_COLOR Quiver::ShadowColor() const { return d->shadowColor; }
 
 void Quiver::setShadowColor(OLE_COLOR color)
 {
@@ -660,30 +603,15 @@ void Quiver::setHeaderOverForeColor(OLE_COLOR color)
         d->restyleHeaders(false, QStringLiteral("HeaderOverForeColor"));
 }
 
-OLE_COLOR Quiver::HighlightColor() const
-{
-    return d->highlightColor;
-}
+OLE_COLOR Quiver::HighlightColor() const { return d->highlightColor; }
 
-OLE_COLOR Quiver::HeaderBackColor() const
-{
-    return d->headerBackColor;
-}
+OLE_COLOR Quiver::HeaderBackColor() const { return d->headerBackColor; }
 
-OLE_COLOR Quiver::HeaderForeColor() const
-{
-    return d->headerForeColor;
-}
+OLE_COLOR Quiver::HeaderForeColor() const { return d->headerForeColor; }
 
-OLE_COLOR Quiver::HeaderOverForeColor() const
-{
-    return d->headerOverForeColor;
-}
+OLE_COLOR Quiver::HeaderOverForeColor() const { return d->headerOverForeColor; }
 
-OLE_COLOR Quiver::ItemForeColor() const
-{
-    return d->itemForeColorValue;
-}
+OLE_COLOR Quiver::ItemForeColor() const { return d->itemForeColorValue; }
 
 void Quiver::setItemForeColor(OLE_COLOR color)
 {
@@ -693,10 +621,7 @@ void Quiver::setItemForeColor(OLE_COLOR color)
 
 // The item state colours and the two item switches are read when an item
 // is painted or clicked; storing them is all.
-OLE_COLOR Quiver::ItemOverForeColor() const
-{
-    return d->itemOverForeColor;
-}
+OLE_COLOR Quiver::ItemOverForeColor() const { return d->itemOverForeColor; }
 
 void Quiver::setItemOverForeColor(OLE_COLOR color)
 {
@@ -704,10 +629,7 @@ void Quiver::setItemOverForeColor(OLE_COLOR color)
         d->notify(QStringLiteral("ItemOverForeColor"));
 }
 
-OLE_COLOR Quiver::ItemOverBackColor() const
-{
-    return d->itemOverBackColor;
-}
+OLE_COLOR Quiver::ItemOverBackColor() const { return d->itemOverBackColor; }
 
 void Quiver::setItemOverBackColor(OLE_COLOR color)
 {
@@ -715,10 +637,7 @@ void Quiver::setItemOverBackColor(OLE_COLOR color)
         d->notify(QStringLiteral("ItemOverBackColor"));
 }
 
-OLE_COLOR Quiver::ItemDownBackColor() const
-{
-    return d->itemDownBackColor;
-}
+OLE_COLOR Quiver::ItemDownBackColor() const { return d->itemDownBackColor; }
 
 void Quiver::setItemDownBackColor(OLE_COLOR color)
 {
@@ -726,10 +645,7 @@ void Quiver::setItemDownBackColor(OLE_COLOR color)
         d->notify(QStringLiteral("ItemDownBackColor"));
 }
 
-OLE_COLOR Quiver::ItemDownForeColor() const
-{
-    return d->itemDownForeColor;
-}
+OLE_COLOR Quiver::ItemDownForeColor() const { return d->itemDownForeColor; }
 
 void Quiver::setItemDownForeColor(OLE_COLOR color)
 {
@@ -737,10 +653,7 @@ void Quiver::setItemDownForeColor(OLE_COLOR color)
         d->notify(QStringLiteral("ItemDownForeColor"));
 }
 
-bool Quiver::ItemsMoveWithClick() const
-{
-    return d->itemsMoveWithClick;
-}
+bool Quiver::ItemsMoveWithClick() const { return d->itemsMoveWithClick; }
 
 void Quiver::setItemsMoveWithClick(bool on)
 {
@@ -748,10 +661,7 @@ void Quiver::setItemsMoveWithClick(bool on)
         d->notify(QStringLiteral("ItemsMoveWithClick"));
 }
 
-bool Quiver::ItemsUnderlineOnMove() const
-{
-    return d->itemsUnderlineOnMove;
-}
+bool Quiver::ItemsUnderlineOnMove() const { return d->itemsUnderlineOnMove; }
 
 void Quiver::setItemsUnderlineOnMove(bool on)
 {
@@ -759,10 +669,7 @@ void Quiver::setItemsUnderlineOnMove(bool on)
         d->notify(QStringLiteral("ItemsUnderlineOnMove"));
 }
 
-bool Quiver::PlaySounds() const
-{
-    return d->playSounds;
-}
+bool Quiver::PlaySounds() const { return d->playSounds; }
 
 void Quiver::setPlaySounds(bool on)
 {
@@ -770,10 +677,7 @@ void Quiver::setPlaySounds(bool on)
     d->notify(QStringLiteral("PlaySounds"));
 }
 
-bool Quiver::UseSystemSounds() const
-{
-    return d->useSystemSounds;
-}
+bool Quiver::UseSystemSounds() const { return d->useSystemSounds; }
 
 void Quiver::setUseSystemSounds(bool on)
 {
@@ -781,10 +685,7 @@ void Quiver::setUseSystemSounds(bool on)
     d->notify(QStringLiteral("UseSystemSounds"));
 }
 
-qvOLEDragMode Quiver::OLEDragMode() const
-{
-    return d->oleDragMode;
-}
+qvOLEDragMode Quiver::OLEDragMode() const { return d->oleDragMode; }
 
 void Quiver::setOLEDragMode(qvOLEDragMode mode)
 {
@@ -792,10 +693,7 @@ void Quiver::setOLEDragMode(qvOLEDragMode mode)
     d->notify(QStringLiteral("OLEDragMode"));
 }
 
-qvOLEDropMode Quiver::OLEDropMode() const
-{
-    return d->oleDropMode;
-}
+qvOLEDropMode Quiver::OLEDropMode() const { return d->oleDropMode; }
 
 void Quiver::setOLEDropMode(qvOLEDropMode mode)
 {
@@ -803,10 +701,7 @@ void Quiver::setOLEDropMode(qvOLEDropMode mode)
     d->notify(QStringLiteral("OLEDropMode"));
 }
 
-int Quiver::FlashDelay() const
-{
-    return d->flashTimer->interval();
-}
+int Quiver::FlashDelay() const { return d->flashTimer->interval(); }
 
 void Quiver::setFlashDelay(int milliseconds)
 {
@@ -814,14 +709,13 @@ void Quiver::setFlashDelay(int milliseconds)
     d->notify(QStringLiteral("FlashDelay"));
 }
 
-QFont Quiver::Font() const
-{
-    return QWidget::font();
-}
+QFont Quiver::Font() const { return QWidget::font(); }
 
 void Quiver::setFont(const QFont &font)
 {
-    if (sameFont(font, QWidget::font()))
+    // What the new font leaves unset it takes from the current one, as the
+    // widget itself does.
+    if (sameFont(font.resolve(QWidget::font()), QWidget::font()))
         return;
     QWidget::setFont(font);
     quietly([this, &font] {
@@ -833,20 +727,11 @@ void Quiver::setFont(const QFont &font)
     d->notify(QStringLiteral("Font"));
 }
 
-quintptr Quiver::hWnd() const
-{
-    return quintptr(winId());
-}
+quintptr Quiver::hWnd() const { return quintptr(winId()); }
 
-QObject *Quiver::Icons() const
-{
-    return d->icons;
-}
+QObject *Quiver::Icons() const { return d->icons; }
 
-void Quiver::setIcons(QObject *images)
-{
-    d->icons = images;
-}
+void Quiver::setIcons(QObject *images) { d->icons = images; }
 
 void Quiver::letIcons(QObject *images)
 {
@@ -854,10 +739,7 @@ void Quiver::letIcons(QObject *images)
     quietly([this] { d->layoutStrip(); });
 }
 
-QObject *Quiver::SmallIcons() const
-{
-    return d->smallIcons;
-}
+QObject *Quiver::SmallIcons() const { return d->smallIcons; }
 
 void Quiver::setSmallIcons(QObject *images)
 {
@@ -865,25 +747,23 @@ void Quiver::setSmallIcons(QObject *images)
     quietly([this] { d->layoutStrip(); });
 }
 
-void Quiver::letSmallIcons(QObject *images)
-{
-    d->smallIcons = images;
-}
+void Quiver::letSmallIcons(QObject *images) { d->smallIcons = images; }
 
-QVariant Quiver::ItemMouseIcon() const
-{
-    return d->itemIcon;
-}
+QVariant Quiver::ItemMouseIcon() const { return d->itemIcon; }
 
 void Quiver::setItemMouseIcon(const QVariant &picture)
 {
     switch (pictureKind(picture)) {
-    case PictureKind::Refused: d->refusePicture(); return;
+    case PictureKind::Refused:
+        d->refusePicture();
+        return;
     case PictureKind::None:
         d->itemPointer = MousePointer::Arrow;
         d->itemIcon = QVariant();
         break;
-    case PictureKind::Pointer: d->itemIcon = picture; break;
+    case PictureKind::Pointer:
+        d->itemIcon = picture;
+        break;
     }
     quietly([this] {
         for (ItemContainer *view : d->views())
@@ -892,10 +772,7 @@ void Quiver::setItemMouseIcon(const QVariant &picture)
     d->notify(QStringLiteral("ItemMouseIcon"));
 }
 
-int Quiver::ItemMousePointer() const
-{
-    return d->itemPointer;
-}
+int Quiver::ItemMousePointer() const { return d->itemPointer; }
 
 void Quiver::setItemMousePointer(int pointer)
 {
@@ -907,21 +784,21 @@ void Quiver::setItemMousePointer(int pointer)
     d->notify(QStringLiteral("ItemMousePointer"));
 }
 
-QVariant Quiver::HeaderMouseIcon() const
-{
-    return d->templateBar.icon;
-}
+QVariant Quiver::HeaderMouseIcon() const { return d->templateBar.icon; }
 
 void Quiver::setHeaderMouseIcon(const QVariant &picture)
 {
     QVariant icon = picture;
     switch (pictureKind(picture)) {
-    case PictureKind::Refused: d->refusePicture(); return;
+    case PictureKind::Refused:
+        d->refusePicture();
+        return;
     case PictureKind::None:
         icon = d->defaultHeaderCursor;
         setHeaderMousePointer(MousePointer::Custom);
         break;
-    case PictureKind::Pointer: break;
+    case PictureKind::Pointer:
+        break;
     }
     d->templateBar.icon = icon;
     for (QuiverPrivate::HeaderBar &bar : d->bars)
@@ -929,10 +806,7 @@ void Quiver::setHeaderMouseIcon(const QVariant &picture)
     d->notify(QStringLiteral("HeaderMouseIcon"));
 }
 
-int Quiver::HeaderMousePointer() const
-{
-    return d->templateBar.pointer;
-}
+int Quiver::HeaderMousePointer() const { return d->templateBar.pointer; }
 
 void Quiver::setHeaderMousePointer(int pointer)
 {
@@ -942,10 +816,7 @@ void Quiver::setHeaderMousePointer(int pointer)
     d->notify(QStringLiteral("HeaderMousePointer"));
 }
 
-bool Quiver::ItemsStayDownWithClick() const
-{
-    return d->itemsStayDownWithClick;
-}
+bool Quiver::ItemsStayDownWithClick() const { return d->itemsStayDownWithClick; }
 
 void Quiver::setItemsStayDownWithClick(bool on)
 {
@@ -959,10 +830,7 @@ void Quiver::setItemsStayDownWithClick(bool on)
     d->notify(QStringLiteral("ItemsStayDownWithClick"));
 }
 
-qvStyle Quiver::Style() const
-{
-    return d->style;
-}
+qvStyle Quiver::Style() const { return d->style; }
 
 void Quiver::setStyle(qvStyle style)
 {
@@ -977,10 +845,7 @@ void Quiver::setStyle(qvStyle style)
     d->notify(QStringLiteral("Style"));
 }
 
-bool Quiver::ShowToolTips() const
-{
-    return d->showToolTips;
-}
+bool Quiver::ShowToolTips() const { return d->showToolTips; }
 
 void Quiver::setShowToolTips(bool on)
 {
@@ -994,10 +859,7 @@ void Quiver::setShowToolTips(bool on)
     d->notify(QStringLiteral("ShowToolTips"));
 }
 
-int Quiver::ScrollDelay() const
-{
-    return d->scrollDelay;
-}
+int Quiver::ScrollDelay() const { return d->scrollDelay; }
 
 void Quiver::setScrollDelay(int milliseconds)
 {
@@ -1006,10 +868,7 @@ void Quiver::setScrollDelay(int milliseconds)
     d->notify(QStringLiteral("ScrollDelay"));
 }
 
-bool Quiver::SmoothScroll() const
-{
-    return d->smoothScroll;
-}
+bool Quiver::SmoothScroll() const { return d->smoothScroll; }
 
 void Quiver::setSmoothScroll(bool on)
 {
@@ -1020,40 +879,28 @@ void Quiver::setSmoothScroll(bool on)
     d->notify(QStringLiteral("SmoothScroll"));
 }
 
-QString Quiver::SoundItemURL() const
-{
-    return d->itemSound.url;
-}
+QString Quiver::SoundItemURL() const { return d->itemSound.url; }
 
 void Quiver::setSoundItemURL(const QString &url)
 {
     quietly([&] { d->setSoundUrl(d->itemSound, url, QStringLiteral("SoundItemURL")); });
 }
 
-QString Quiver::SoundHeaderUpURL() const
-{
-    return d->headerUpSound.url;
-}
+QString Quiver::SoundHeaderUpURL() const { return d->headerUpSound.url; }
 
 void Quiver::setSoundHeaderUpURL(const QString &url)
 {
     quietly([&] { d->setSoundUrl(d->headerUpSound, url, QStringLiteral("SoundHeaderUpURL")); });
 }
 
-QString Quiver::SoundHeaderDownURL() const
-{
-    return d->headerDownSound.url;
-}
+QString Quiver::SoundHeaderDownURL() const { return d->headerDownSound.url; }
 
 void Quiver::setSoundHeaderDownURL(const QString &url)
 {
     quietly([&] { d->setSoundUrl(d->headerDownSound, url, QStringLiteral("SoundHeaderDownURL")); });
 }
 
-Header *Quiver::SelectedHeader() const
-{
-    return d->headers->at(d->selectedPosition);
-}
+Header *Quiver::SelectedHeader() const { return d->headers->at(d->selectedPosition); }
 
 Item *Quiver::SelectedItem() const
 {
@@ -1063,27 +910,15 @@ Item *Quiver::SelectedItem() const
     });
 }
 
-int Quiver::HeaderHeight() const
-{
-    return d->headerHeight + 1;
-}
+int Quiver::HeaderHeight() const { return d->headerHeight + 1; }
 
-QString Quiver::XML() const
-{
-    return {};
-}
+QString Quiver::XML() const { return {}; }
 
 void Quiver::setXML(const QString &) { }
 
-QVariant Quiver::URLIcon(const QString &) const
-{
-    return {};
-}
+QVariant Quiver::URLIcon(const QString &) const { return {}; }
 
-QVariant Quiver::URLSmallIcon(const QString &) const
-{
-    return {};
-}
+QVariant Quiver::URLSmallIcon(const QString &) const { return {}; }
 
 void Quiver::AboutBox()
 {
@@ -1122,14 +957,8 @@ Item *Quiver::HitTest(int X, int Y) const
     });
 }
 
-QString Quiver::VBVersion() const
-{
-    return QStringLiteral("VB6");
-}
+QString Quiver::VBVersion() const { return QStringLiteral("VB6"); }
 
-QString Quiver::Version() const
-{
-    return modQuiver::versionText();
-}
+QString Quiver::Version() const { return modQuiver::versionText(); }
 
 } // namespace OrrinQuiver

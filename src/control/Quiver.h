@@ -75,7 +75,8 @@ class Quiver : public QWidget
     Q_PROPERTY(QVariant HeaderMouseIcon READ HeaderMouseIcon WRITE setHeaderMouseIcon)
     Q_PROPERTY(int HeaderMousePointer READ HeaderMousePointer WRITE setHeaderMousePointer)
     Q_PROPERTY(OrrinQuiver::OLE_COLOR HeaderForeColor READ HeaderForeColor WRITE setHeaderForeColor)
-    Q_PROPERTY(OrrinQuiver::OLE_COLOR HeaderOverForeColor READ HeaderOverForeColor WRITE setHeaderOverForeColor)
+    Q_PROPERTY(
+        OrrinQuiver::OLE_COLOR HeaderOverForeColor READ HeaderOverForeColor WRITE setHeaderOverForeColor)
     Q_PROPERTY(QString XML READ XML WRITE setXML)
 
 public:

@@ -44,7 +44,8 @@ public:
 
     // One header bar. The bar is painted by the control itself; the record
     // keeps what belongs to that bar.
-    struct HeaderBar {
+    struct HeaderBar
+    {
         QPointer<ItemContainer> view;
         // The look the bar was last drawn in; -1 forces the next draw.
         int drawnState = 0;
@@ -53,7 +54,8 @@ public:
     };
 
     // A sound fetched from a location the host gave.
-    struct Sound {
+    struct Sound
+    {
         QString url;
         QByteArray data;
         bool loaded = false;

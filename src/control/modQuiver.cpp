@@ -12,10 +12,7 @@ QPointer<QMessageBox> about;
 
 } // namespace
 
-void addInstance()
-{
-    ++instances;
-}
+void addInstance() { ++instances; }
 
 void releaseInstance()
 {
@@ -31,10 +28,7 @@ void releaseInstance()
         delete about;
 }
 
-int instanceCount()
-{
-    return instances;
-}
+int instanceCount() { return instances; }
 
 QString versionText()
 {
@@ -47,10 +41,10 @@ QString versionText()
 QMessageBox *aboutDialog()
 {
     if (!about) {
-        about = new QMessageBox(QMessageBox::Information, QStringLiteral("About OrrinQuiver"),
-                                QStringLiteral("OrrinQuiver %1\nAn Outlook-style navigation bar for Qt.")
-                                    .arg(versionText()),
-                                QMessageBox::Ok);
+        about = new QMessageBox(
+            QMessageBox::Information, QStringLiteral("About OrrinQuiver"),
+            QStringLiteral("OrrinQuiver %1\nAn Outlook-style navigation bar for Qt.").arg(versionText()),
+            QMessageBox::Ok);
     }
     return about;
 }

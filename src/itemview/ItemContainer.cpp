@@ -14,10 +14,7 @@ namespace {
 // The mask colour of items created without one, until the bar sets its own.
 constexpr OLE_COLOR InitialMaskColor = rgbColor(192, 192, 192);
 
-QWidget *widgetOf(quintptr window)
-{
-    return window ? QWidget::find(WId(window)) : nullptr;
-}
+QWidget *widgetOf(quintptr window) { return window ? QWidget::find(WId(window)) : nullptr; }
 
 } // namespace
 
@@ -45,8 +42,7 @@ public:
 ItemContainer::ItemContainer(QWidget *parent)
     : QWidget(parent)
     , d(std::make_unique<ItemContainerPrivate>())
-{
-}
+{ }
 
 ItemContainer::~ItemContainer()
 {
@@ -58,75 +54,33 @@ ItemContainer::~ItemContainer()
     }
 }
 
-int ItemContainer::MaxPhysItems() const
-{
-    return int(d->live.size());
-}
+int ItemContainer::MaxPhysItems() const { return int(d->live.size()); }
 
-bool ItemContainer::Active() const
-{
-    return d->active;
-}
+bool ItemContainer::Active() const { return d->active; }
 
-void ItemContainer::setActive(bool on)
-{
-    d->active = on;
-}
+void ItemContainer::setActive(bool on) { d->active = on; }
 
-int ItemContainer::CollectionIndex() const
-{
-    return d->collectionIndex;
-}
+int ItemContainer::CollectionIndex() const { return d->collectionIndex; }
 
-void ItemContainer::setCollectionIndex(int position)
-{
-    d->collectionIndex = position;
-}
+void ItemContainer::setCollectionIndex(int position) { d->collectionIndex = position; }
 
-qvViewType ItemContainer::View() const
-{
-    return d->view;
-}
+qvViewType ItemContainer::View() const { return d->view; }
 
-void ItemContainer::setView(qvViewType view)
-{
-    d->view = view;
-}
+void ItemContainer::setView(qvViewType view) { d->view = view; }
 
-qint16 ItemContainer::CurrentItem() const
-{
-    return d->currentItem;
-}
+qint16 ItemContainer::CurrentItem() const { return d->currentItem; }
 
-void ItemContainer::setCurrentItem(qint16 position)
-{
-    d->currentItem = position;
-}
+void ItemContainer::setCurrentItem(qint16 position) { d->currentItem = position; }
 
-bool ItemContainer::StayDownWithClick() const
-{
-    return d->stayDownWithClick;
-}
+bool ItemContainer::StayDownWithClick() const { return d->stayDownWithClick; }
 
-void ItemContainer::setStayDownWithClick(bool on)
-{
-    d->stayDownWithClick = on;
-}
+void ItemContainer::setStayDownWithClick(bool on) { d->stayDownWithClick = on; }
 
-bool ItemContainer::DesignMode() const
-{
-    return d->designMode;
-}
+bool ItemContainer::DesignMode() const { return d->designMode; }
 
-void ItemContainer::setDesignMode(bool on)
-{
-    d->designMode = on;
-}
+void ItemContainer::setDesignMode(bool on) { d->designMode = on; }
 
-void ItemContainer::setDefaultMaskColor(OLE_COLOR color)
-{
-    d->defaultMaskColor = color;
-}
+void ItemContainer::setDefaultMaskColor(OLE_COLOR color) { d->defaultMaskColor = color; }
 
 void ItemContainer::updatePointer(int pointer, const QVariant &picture)
 {
@@ -136,10 +90,7 @@ void ItemContainer::updatePointer(int pointer, const QVariant &picture)
         unsetCursor();
 }
 
-QRect ItemContainer::itemRect(int) const
-{
-    return {};
-}
+QRect ItemContainer::itemRect(int) const { return {}; }
 
 int ItemContainer::addItemWindow(int, const QString &)
 {
@@ -158,15 +109,9 @@ void ItemContainer::removeItemWindow(int viewId)
     update();
 }
 
-void ItemContainer::relayoutItems(bool)
-{
-    update();
-}
+void ItemContainer::relayoutItems(bool) { update(); }
 
-void ItemContainer::redrawItem(int)
-{
-    update();
-}
+void ItemContainer::redrawItem(int) { update(); }
 
 void ItemContainer::resetItems()
 {
@@ -175,15 +120,9 @@ void ItemContainer::resetItems()
 }
 
 // Until the items are laid out the whole header counts as visible.
-int ItemContainer::firstVisiblePosition() const
-{
-    return 1;
-}
+int ItemContainer::firstVisiblePosition() const { return 1; }
 
-int ItemContainer::lastFullyVisiblePosition() const
-{
-    return d->itemCount;
-}
+int ItemContainer::lastFullyVisiblePosition() const { return d->itemCount; }
 
 // Every item is visible (see firstVisiblePosition), so there is nothing to scroll to.
 void ItemContainer::scrollOneStep(bool) { }
@@ -199,10 +138,7 @@ void ItemContainer::releaseMouseGrab()
         releaseMouse();
 }
 
-OLE_COLOR ItemContainer::defaultMaskColor() const
-{
-    return d->defaultMaskColor;
-}
+OLE_COLOR ItemContainer::defaultMaskColor() const { return d->defaultMaskColor; }
 
 QRect ItemContainer::childWindowRect(quintptr window) const
 {
@@ -211,7 +147,7 @@ QRect ItemContainer::childWindowRect(quintptr window) const
         return {};
     if (widget->isWindow())
         return widget->frameGeometry();
-    return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+    return { widget->mapToGlobal(QPoint(0, 0)), widget->size() };
 }
 
 quintptr ItemContainer::hostChildWindow(int viewId, quintptr window)

@@ -28,25 +28,41 @@ std::optional<QCursor> cursorForPointer(int pointer, const QVariant &picture)
 {
     using namespace MousePointer;
     switch (pointer) {
-    case Default: return std::nullopt;
-    case Crosshair: return QCursor(Qt::CrossCursor);
-    case IBeam: return QCursor(Qt::IBeamCursor);
+    case Default:
+        return std::nullopt;
+    case Crosshair:
+        return QCursor(Qt::CrossCursor);
+    case IBeam:
+        return QCursor(Qt::IBeamCursor);
     case SizePointer:
-    case SizeAll: return QCursor(Qt::SizeAllCursor);
-    case SizeNESW: return QCursor(Qt::SizeBDiagCursor);
-    case SizeNS: return QCursor(Qt::SizeVerCursor);
-    case SizeNWSE: return QCursor(Qt::SizeFDiagCursor);
-    case SizeWE: return QCursor(Qt::SizeHorCursor);
-    case UpArrow: return QCursor(Qt::UpArrowCursor);
-    case Hourglass: return QCursor(Qt::WaitCursor);
-    case NoDrop: return QCursor(Qt::ForbiddenCursor);
-    case ArrowHourglass: return QCursor(Qt::BusyCursor);
-    case ArrowQuestion: return QCursor(Qt::WhatsThisCursor);
+    case SizeAll:
+        return QCursor(Qt::SizeAllCursor);
+    case SizeNESW:
+        return QCursor(Qt::SizeBDiagCursor);
+    case SizeNS:
+        return QCursor(Qt::SizeVerCursor);
+    case SizeNWSE:
+        return QCursor(Qt::SizeFDiagCursor);
+    case SizeWE:
+        return QCursor(Qt::SizeHorCursor);
+    case UpArrow:
+        return QCursor(Qt::UpArrowCursor);
+    case Hourglass:
+        return QCursor(Qt::WaitCursor);
+    case NoDrop:
+        return QCursor(Qt::ForbiddenCursor);
+    case ArrowHourglass:
+        return QCursor(Qt::BusyCursor);
+    case ArrowQuestion:
+        return QCursor(Qt::WhatsThisCursor);
     case Custom:
         if (auto cursor = customCursor(picture))
             return cursor;
         return QCursor(Qt::ArrowCursor);
-    default: return QCursor(Qt::ArrowCursor);
+    case Arrow:
+    case IconPointer: // Qt has no icon-shaped pointer
+    default:
+        return QCursor(Qt::ArrowCursor);
     }
 }
 

@@ -13,7 +13,6 @@ private slots:
     void viewIds();
     void hostChildWindow_data();
     void hostChildWindow();
-    void givesChildBack();
     void hostedChildOutlivesView();
 };
 
@@ -66,25 +65,6 @@ void tst_ItemContainer::hostChildWindow()
     QCOMPARE(former, hosted ? quintptr(form.winId()) : 0);
     QCOMPARE(child->parentWidget(), hosted ? static_cast<QWidget *>(view) : &form);
     QVERIFY(!host.parentWidget());
-}
-
-void tst_ItemContainer::givesChildBack()
-{
-    QWidget form;
-    auto *child = new QWidget(&form);
-    child->setGeometry(5, 6, 40, 30);
-    ItemContainer view;
-    view.addItemWindow(1, QString());
-    const quintptr window = child->winId();
-    const quintptr former = view.hostChildWindow(1, window);
-    view.moveChildWindow(window, QRect(0, 0, 40, 30));
-
-    view.setChildWindowParent(window, former);
-    view.moveChildWindow(window, QRect(5, 6, 40, 30));
-
-    QCOMPARE(child->parentWidget(), &form);
-    QCOMPARE(child->geometry(), QRect(5, 6, 40, 30));
-    QVERIFY(!child->isHidden());
 }
 
 void tst_ItemContainer::hostedChildOutlivesView()

@@ -7,21 +7,25 @@
 #include "model/Items.h"
 #include "model/Navigation.h"
 
+#include <QtCore/QTemporaryFile>
+#include <QtCore/QTimer>
 #include <QtGui/QBitmap>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <QtGui/QImage>
 #include <QtGui/QPixmap>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
-#include <QtCore/QTemporaryFile>
-#include <QtCore/QTimer>
 
 using namespace OrrinQuiver;
 
 namespace {
+
+// Rows of the property tables are named after their property, optionally
+// followed by a space and a note.
+QByteArray rowProperty() { return QByteArray(QTest::currentDataTag()).split(' ').first(); }
 
 // The names announced by PropertyChanged so far, in order.
 QStringList announced(const QSignalSpy &spy)
@@ -82,55 +86,51 @@ private slots:
     void selectItemRecordsAndNotifies();
     void historyMoveOpensWithoutRecording();
     void barIdsNeverReused();
-    void firstVisibleAndHitTest();
     void soundFetched();
-    void aboutBoxIsShared();
 };
 
 void tst_Quiver::initialValues_data()
 {
-    QTest::addColumn<QByteArray>("property");
     QTest::addColumn<qlonglong>("expected");
 
-    QTest::newRow("AlwaysShowFirstHeader") << QByteArray("AlwaysShowFirstHeader") << 1LL;
-    QTest::newRow("AutoMouseWheel") << QByteArray("AutoMouseWheel") << 0LL;
-    QTest::newRow("BackColor") << QByteArray("BackColor") << 0x80000010LL;
-    QTest::newRow("CheckColor") << QByteArray("CheckColor") << 0x8000000FLL;
-    QTest::newRow("DefaultMaskColor") << QByteArray("DefaultMaskColor") << 0xC0C0C0LL;
-    QTest::newRow("DkShadowColor") << QByteArray("DkShadowColor") << 0x80000015LL;
-    QTest::newRow("FlashDelay") << QByteArray("FlashDelay") << 1000LL;
-    QTest::newRow("HighlightColor") << QByteArray("HighlightColor") << 0x80000014LL;
-    QTest::newRow("ItemMousePointer") << QByteArray("ItemMousePointer") << 1LL;
-    QTest::newRow("ItemsMoveWithClick") << QByteArray("ItemsMoveWithClick") << 0LL;
-    QTest::newRow("ItemsStayDownWithClick") << QByteArray("ItemsStayDownWithClick") << 0LL;
-    QTest::newRow("ItemForeColor") << QByteArray("ItemForeColor") << 0x80000005LL;
-    QTest::newRow("ItemOverForeColor") << QByteArray("ItemOverForeColor") << 0x80000005LL;
-    QTest::newRow("ItemOverBackColor") << QByteArray("ItemOverBackColor") << 0x80000010LL;
-    QTest::newRow("ItemDownBackColor") << QByteArray("ItemDownBackColor") << 0x80000010LL;
-    QTest::newRow("ItemDownForeColor") << QByteArray("ItemDownForeColor") << 0x80000005LL;
-    QTest::newRow("ItemsUnderlineOnMove") << QByteArray("ItemsUnderlineOnMove") << 0LL;
-    QTest::newRow("OLEDragMode") << QByteArray("OLEDragMode") << 0LL;
-    QTest::newRow("OLEDropMode") << QByteArray("OLEDropMode") << 3LL;
-    QTest::newRow("PlaySounds") << QByteArray("PlaySounds") << 1LL;
-    QTest::newRow("ScrollDelay") << QByteArray("ScrollDelay") << 120LL;
-    QTest::newRow("ShadowColor") << QByteArray("ShadowColor") << 0x80000010LL;
-    QTest::newRow("ShowToolTips") << QByteArray("ShowToolTips") << 1LL;
-    QTest::newRow("SmoothScroll") << QByteArray("SmoothScroll") << 1LL;
-    QTest::newRow("Style") << QByteArray("Style") << 0LL;
-    QTest::newRow("UseSystemSounds") << QByteArray("UseSystemSounds") << 1LL;
-    QTest::newRow("HeaderBackColor") << QByteArray("HeaderBackColor") << 0x8000000FLL;
-    QTest::newRow("HeaderMousePointer") << QByteArray("HeaderMousePointer") << 99LL;
-    QTest::newRow("HeaderForeColor") << QByteArray("HeaderForeColor") << 0x80000012LL;
-    QTest::newRow("HeaderOverForeColor") << QByteArray("HeaderOverForeColor") << 0x80000012LL;
+    QTest::newRow("AlwaysShowFirstHeader") << 1LL;
+    QTest::newRow("AutoMouseWheel") << 0LL;
+    QTest::newRow("BackColor") << 0x80000010LL;
+    QTest::newRow("CheckColor") << 0x8000000FLL;
+    QTest::newRow("DefaultMaskColor") << 0xC0C0C0LL;
+    QTest::newRow("DkShadowColor") << 0x80000015LL;
+    QTest::newRow("FlashDelay") << 1000LL;
+    QTest::newRow("HighlightColor") << 0x80000014LL;
+    QTest::newRow("ItemMousePointer") << 1LL;
+    QTest::newRow("ItemsMoveWithClick") << 0LL;
+    QTest::newRow("ItemsStayDownWithClick") << 0LL;
+    QTest::newRow("ItemForeColor") << 0x80000005LL;
+    QTest::newRow("ItemOverForeColor") << 0x80000005LL;
+    QTest::newRow("ItemOverBackColor") << 0x80000010LL;
+    QTest::newRow("ItemDownBackColor") << 0x80000010LL;
+    QTest::newRow("ItemDownForeColor") << 0x80000005LL;
+    QTest::newRow("ItemsUnderlineOnMove") << 0LL;
+    QTest::newRow("OLEDragMode") << 0LL;
+    QTest::newRow("OLEDropMode") << 3LL;
+    QTest::newRow("PlaySounds") << 1LL;
+    QTest::newRow("ScrollDelay") << 120LL;
+    QTest::newRow("ShadowColor") << 0x80000010LL;
+    QTest::newRow("ShowToolTips") << 1LL;
+    QTest::newRow("SmoothScroll") << 1LL;
+    QTest::newRow("Style") << 0LL;
+    QTest::newRow("UseSystemSounds") << 1LL;
+    QTest::newRow("HeaderBackColor") << 0x8000000FLL;
+    QTest::newRow("HeaderMousePointer") << 99LL;
+    QTest::newRow("HeaderForeColor") << 0x80000012LL;
+    QTest::newRow("HeaderOverForeColor") << 0x80000012LL;
 }
 
 void tst_Quiver::initialValues()
 {
-    QFETCH(QByteArray, property);
     QFETCH(qlonglong, expected);
     Quiver bar;
     bar.InitProperties();
-    const QVariant value = bar.property(property.constData());
+    const QVariant value = bar.property(rowProperty().constData());
     QVERIFY(value.isValid());
     QCOMPARE(value.toLongLong(), expected);
 }
@@ -165,25 +165,24 @@ void tst_Quiver::initialObjects()
 
 void tst_Quiver::clamps_data()
 {
-    QTest::addColumn<QByteArray>("property");
     QTest::addColumn<int>("value");
     QTest::addColumn<int>("stored");
 
-    QTest::newRow("flash below") << QByteArray("FlashDelay") << 50 << 100;
-    QTest::newRow("flash low edge") << QByteArray("FlashDelay") << 100 << 100;
-    QTest::newRow("flash above") << QByteArray("FlashDelay") << 9000 << 5000;
-    QTest::newRow("flash inside") << QByteArray("FlashDelay") << 750 << 750;
-    QTest::newRow("scroll zero") << QByteArray("ScrollDelay") << 0 << 10;
-    QTest::newRow("scroll negative") << QByteArray("ScrollDelay") << -40 << 10;
-    QTest::newRow("scroll above") << QByteArray("ScrollDelay") << 2001 << 2000;
-    QTest::newRow("scroll inside") << QByteArray("ScrollDelay") << 333 << 333;
+    QTest::newRow("FlashDelay below") << 50 << 100;
+    QTest::newRow("FlashDelay low edge") << 100 << 100;
+    QTest::newRow("FlashDelay above") << 9000 << 5000;
+    QTest::newRow("FlashDelay inside") << 750 << 750;
+    QTest::newRow("ScrollDelay zero") << 0 << 10;
+    QTest::newRow("ScrollDelay negative") << -40 << 10;
+    QTest::newRow("ScrollDelay above") << 2001 << 2000;
+    QTest::newRow("ScrollDelay inside") << 333 << 333;
 }
 
 void tst_Quiver::clamps()
 {
-    QFETCH(QByteArray, property);
     QFETCH(int, value);
     QFETCH(int, stored);
+    const QByteArray property = rowProperty();
     Quiver bar;
     bar.InitProperties();
     QVERIFY(bar.setProperty(property.constData(), value));
@@ -194,57 +193,48 @@ void tst_Quiver::clamps()
 
 void tst_Quiver::notifications_data()
 {
-    QTest::addColumn<QByteArray>("property");
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("second");
 
     const QVariant red = QVariant::fromValue<OLE_COLOR>(0x0000FF);
-    const QStringList compared = {"BackColor", "CheckColor", "DkShadowColor", "HighlightColor", "ShadowColor",
-                                  "ItemForeColor", "ItemOverForeColor", "ItemOverBackColor",
-                                  "ItemDownBackColor", "ItemDownForeColor", "HeaderBackColor",
-                                  "HeaderForeColor", "HeaderOverForeColor"};
-    for (const QString &name : compared)
-        QTest::newRow(qPrintable(name)) << name.toLatin1() << red << 1 << 0;
-    QTest::newRow("DefaultMaskColor") << QByteArray("DefaultMaskColor") << red << 1 << 1;
-
-    QTest::newRow("ItemsMoveWithClick") << QByteArray("ItemsMoveWithClick") << QVariant(true) << 1 << 0;
-    QTest::newRow("ItemsStayDownWithClick") << QByteArray("ItemsStayDownWithClick") << QVariant(true) << 1 << 0;
-    QTest::newRow("ItemsUnderlineOnMove") << QByteArray("ItemsUnderlineOnMove") << QVariant(true) << 1 << 0;
-    QTest::newRow("AlwaysShowFirstHeader") << QByteArray("AlwaysShowFirstHeader") << QVariant(false) << 1 << 1;
-    QTest::newRow("AutoMouseWheel") << QByteArray("AutoMouseWheel") << QVariant(true) << 1 << 1;
-    QTest::newRow("PlaySounds") << QByteArray("PlaySounds") << QVariant(false) << 1 << 1;
-    QTest::newRow("UseSystemSounds") << QByteArray("UseSystemSounds") << QVariant(false) << 1 << 1;
-    QTest::newRow("ShowToolTips") << QByteArray("ShowToolTips") << QVariant(false) << 1 << 1;
-    QTest::newRow("SmoothScroll") << QByteArray("SmoothScroll") << QVariant(false) << 1 << 1;
-    QTest::newRow("OLEDragMode") << QByteArray("OLEDragMode") << QVariant(1) << 1 << 1;
-    QTest::newRow("OLEDropMode") << QByteArray("OLEDropMode") << QVariant(0) << 1 << 1;
-    QTest::newRow("Style") << QByteArray("Style") << QVariant(4) << 1 << 1;
-    QTest::newRow("Style out of range") << QByteArray("Style") << QVariant(9) << 1 << 1;
-    QTest::newRow("FlashDelay") << QByteArray("FlashDelay") << QVariant(300) << 1 << 1;
-    QTest::newRow("ScrollDelay") << QByteArray("ScrollDelay") << QVariant(300) << 1 << 1;
-    QTest::newRow("ItemMousePointer") << QByteArray("ItemMousePointer") << QVariant(3) << 1 << 1;
-    QTest::newRow("HeaderMousePointer") << QByteArray("HeaderMousePointer") << QVariant(3) << 1 << 1;
-    QTest::newRow("ItemMouseIcon") << QByteArray("ItemMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
-    QTest::newRow("HeaderMouseIcon") << QByteArray("HeaderMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1
-                                     << 1;
-    QTest::newRow("SoundItemURL") << QByteArray("SoundItemURL") << QVariant(QStringLiteral("/nowhere/a.wav")) << 1
-                                  << 0;
-    QTest::newRow("SoundHeaderUpURL") << QByteArray("SoundHeaderUpURL") << QVariant(QStringLiteral("/nowhere/b.wav"))
-                                      << 1 << 0;
-    QTest::newRow("SoundHeaderDownURL") << QByteArray("SoundHeaderDownURL")
-                                        << QVariant(QStringLiteral("/nowhere/c.wav")) << 1 << 0;
-    QFont font;
-    font.setFamily(QStringLiteral("Serif Test Family"));
-    QTest::newRow("Font") << QByteArray("Font") << QVariant(font) << 1 << 0;
+    for (const char *name :
+         { "BackColor", "CheckColor", "DkShadowColor", "HighlightColor", "ShadowColor", "ItemForeColor",
+           "ItemOverForeColor", "ItemOverBackColor", "ItemDownBackColor", "ItemDownForeColor",
+           "HeaderBackColor", "HeaderForeColor", "HeaderOverForeColor" })
+        QTest::newRow(name) << red << 1 << 0;
+    QTest::newRow("DefaultMaskColor") << red << 1 << 1;
+    QTest::newRow("ItemsMoveWithClick") << QVariant(true) << 1 << 0;
+    QTest::newRow("ItemsStayDownWithClick") << QVariant(true) << 1 << 0;
+    QTest::newRow("ItemsUnderlineOnMove") << QVariant(true) << 1 << 0;
+    QTest::newRow("AlwaysShowFirstHeader") << QVariant(false) << 1 << 1;
+    QTest::newRow("AutoMouseWheel") << QVariant(true) << 1 << 1;
+    QTest::newRow("PlaySounds") << QVariant(false) << 1 << 1;
+    QTest::newRow("UseSystemSounds") << QVariant(false) << 1 << 1;
+    QTest::newRow("ShowToolTips") << QVariant(false) << 1 << 1;
+    QTest::newRow("SmoothScroll") << QVariant(false) << 1 << 1;
+    QTest::newRow("OLEDragMode") << QVariant(1) << 1 << 1;
+    QTest::newRow("OLEDropMode") << QVariant(0) << 1 << 1;
+    QTest::newRow("Style") << QVariant(4) << 1 << 1;
+    QTest::newRow("Style out of range") << QVariant(9) << 1 << 1;
+    QTest::newRow("FlashDelay") << QVariant(300) << 1 << 1;
+    QTest::newRow("ScrollDelay") << QVariant(300) << 1 << 1;
+    QTest::newRow("ItemMousePointer") << QVariant(3) << 1 << 1;
+    QTest::newRow("HeaderMousePointer") << QVariant(3) << 1 << 1;
+    QTest::newRow("ItemMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
+    QTest::newRow("HeaderMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
+    QTest::newRow("SoundItemURL") << QVariant(QStringLiteral("/nowhere/a.wav")) << 1 << 0;
+    QTest::newRow("SoundHeaderUpURL") << QVariant(QStringLiteral("/nowhere/b.wav")) << 1 << 0;
+    QTest::newRow("SoundHeaderDownURL") << QVariant(QStringLiteral("/nowhere/c.wav")) << 1 << 0;
+    QTest::newRow("Font") << QVariant(QFont(QStringLiteral("Serif Test Family"))) << 1 << 0;
 }
 
 void tst_Quiver::notifications()
 {
-    QFETCH(QByteArray, property);
     QFETCH(QVariant, value);
     QFETCH(int, first);
     QFETCH(int, second);
+    const QByteArray property = rowProperty();
     Quiver bar;
     bar.InitProperties();
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
@@ -382,7 +372,7 @@ void tst_Quiver::noHeaderPictureRestoresBuiltIn()
 
     bar.setHeaderMouseIcon(QVariant());
 
-    QCOMPARE(announced(spy), QStringList({"HeaderMousePointer", "HeaderMouseIcon"}));
+    QCOMPARE(announced(spy), QStringList({ "HeaderMousePointer", "HeaderMouseIcon" }));
     QCOMPARE(bar.HeaderMousePointer(), 99);
     QCOMPARE(bar.HeaderMouseIcon().value<QCursor>().shape(), Qt::PointingHandCursor);
 }
@@ -404,43 +394,34 @@ void tst_Quiver::itemViewsShowItemPointer()
 
 void tst_Quiver::fontComparison_data()
 {
-    QTest::addColumn<QString>("change");
+    QTest::addColumn<QFont>("font");
     QTest::addColumn<bool>("taken");
 
-    QTest::newRow("strike-out only") << "strikeout" << false;
-    QTest::newRow("weight below bold") << "light" << false;
-    QTest::newRow("letter spacing") << "spacing" << false;
-    QTest::newRow("size") << "size" << true;
-    QTest::newRow("family") << "family" << true;
-    QTest::newRow("underline") << "underline" << true;
-    QTest::newRow("italic") << "italic" << true;
-    QTest::newRow("bold") << "bold" << true;
+    const auto changed = [](auto change) {
+        QFont font = QGuiApplication::font();
+        change(font);
+        return font;
+    };
+    QTest::newRow("strike-out only") << changed([](QFont &f) { f.setStrikeOut(true); }) << false;
+    QTest::newRow("weight below bold") << changed([](QFont &f) { f.setWeight(QFont::Light); }) << false;
+    QTest::newRow("letter spacing") << changed([](QFont &f) {
+        f.setLetterSpacing(QFont::AbsoluteSpacing, 3);
+    }) << false;
+    QTest::newRow("size") << changed([](QFont &f) { f.setPointSizeF(f.pointSizeF() + 5); }) << true;
+    QTest::newRow("family") << changed([](QFont &f) { f.setFamily(QStringLiteral("Another Family")); })
+                            << true;
+    QTest::newRow("underline") << changed([](QFont &f) { f.setUnderline(true); }) << true;
+    QTest::newRow("italic") << changed([](QFont &f) { f.setItalic(true); }) << true;
+    QTest::newRow("bold") << changed([](QFont &f) { f.setBold(true); }) << true;
 }
 
 void tst_Quiver::fontComparison()
 {
-    QFETCH(QString, change);
+    QFETCH(QFont, font);
     QFETCH(bool, taken);
     Quiver bar;
     bar.InitProperties();
     bar.Headers()->Add();
-    QFont font = bar.Font();
-    if (change == "strikeout")
-        font.setStrikeOut(true);
-    else if (change == "light")
-        font.setWeight(QFont::Light);
-    else if (change == "spacing")
-        font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
-    else if (change == "size")
-        font.setPointSizeF(font.pointSizeF() + 5);
-    else if (change == "family")
-        font.setFamily(QStringLiteral("Another Family"));
-    else if (change == "underline")
-        font.setUnderline(true);
-    else if (change == "italic")
-        font.setItalic(true);
-    else
-        font.setBold(true);
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
     bar.setFont(font);
@@ -459,11 +440,11 @@ void tst_Quiver::arrowInterval_data()
 
     // Assignments run in row order: delays first, then the smooth flags.
     QTest::newRow("untouched") << QList<int>() << QList<int>() << 200;
-    QTest::newRow("smooth unchanged keeps the timer") << QList<int>() << QList<int>{1} << 200;
-    QTest::newRow("delay 0 smooth") << QList<int>{0} << QList<int>() << 10;
-    QTest::newRow("delay 0 then not smooth") << QList<int>{0} << QList<int>{0} << 20;
-    QTest::newRow("not smooth uses the stored delay") << QList<int>() << QList<int>{0} << 240;
-    QTest::newRow("back to smooth") << QList<int>{300} << QList<int>{0, 1} << 300;
+    QTest::newRow("smooth unchanged keeps the timer") << QList<int>() << QList<int> { 1 } << 200;
+    QTest::newRow("delay 0 smooth") << QList<int> { 0 } << QList<int>() << 10;
+    QTest::newRow("delay 0 then not smooth") << QList<int> { 0 } << QList<int> { 0 } << 20;
+    QTest::newRow("not smooth uses the stored delay") << QList<int>() << QList<int> { 0 } << 240;
+    QTest::newRow("back to smooth") << QList<int> { 300 } << QList<int> { 0, 1 } << 300;
 }
 
 void tst_Quiver::arrowInterval()
@@ -514,7 +495,7 @@ void tst_Quiver::selectHeader()
 
     QCOMPARE(link->selectedHeaderPosition(), opened);
     QCOMPARE(bar.SelectedHeader(), bar.Headers()->at(opened));
-    QCOMPARE(announced(spy), QStringList{"CurrentHeader"});
+    QCOMPARE(announced(spy), QStringList { "CurrentHeader" });
     for (const Header *header : *bar.Headers()) {
         const auto *view = static_cast<ItemContainer *>(header->itemView());
         QCOMPARE(view->Active(), header->Index() == opened);
@@ -527,12 +508,18 @@ void tst_Quiver::openHeaderStaysOpen_data()
     QTest::addColumn<QString>("change");
     QTest::addColumn<QString>("open");
 
-    QTest::newRow("add before") << "add" << "H3";
-    QTest::newRow("remove before") << "remove 1" << "H3";
-    QTest::newRow("move before") << "move 1" << "H3";
-    QTest::newRow("remove the open one") << "remove 3" << "H4";
-    QTest::newRow("remove the open one, next hidden") << "hide 4, remove 3" << "H2";
-    QTest::newRow("clear") << "clear" << "";
+    QTest::newRow("add before") << "add"
+                                << "H3";
+    QTest::newRow("remove before") << "remove 1"
+                                   << "H3";
+    QTest::newRow("move before") << "move 1"
+                                 << "H3";
+    QTest::newRow("remove the open one") << "remove 3"
+                                         << "H4";
+    QTest::newRow("remove the open one, next hidden") << "hide 4, remove 3"
+                                                      << "H2";
+    QTest::newRow("clear") << "clear"
+                           << "";
 }
 
 // Headers H1 to H4 with H3 open; other headers come and go.
@@ -591,7 +578,7 @@ void tst_Quiver::selectItemRecordsAndNotifies()
 
     b->setSelected(false);
 
-    QCOMPARE(announced(spy), QStringList({"CurrentHeader", "CurrentItem"}));
+    QCOMPARE(announced(spy), QStringList({ "CurrentHeader", "CurrentItem" }));
     QCOMPARE(bar.SelectedItem(), b);
     QVERIFY(b->Selected());
     QCOMPARE(bar.Navigation()->CurrentPosition(), 1);
@@ -644,22 +631,6 @@ void tst_Quiver::barIdsNeverReused()
     QTRY_COMPARE(bar.findChildren<ItemContainer *>().size(), 3);
 }
 
-void tst_Quiver::firstVisibleAndHitTest()
-{
-    Quiver bar;
-    bar.InitProperties();
-    bar.resize(200, 300);
-    QCOMPARE(bar.GetFirstVisible(), nullptr);
-    Item *first = bar.Headers()->at(1)->Items()->Add();
-    bar.Headers()->at(1)->Items()->Add();
-    QCOMPARE(bar.GetFirstVisible(), first);
-
-    const auto *view = static_cast<ItemContainer *>(bar.Headers()->at(1)->itemView());
-    QCOMPARE(bar.HitTest(-1, view->y() + 1), nullptr);
-    QCOMPARE(bar.HitTest(201, view->y() + 1), nullptr);
-    QCOMPARE(bar.HitTest(10, view->y() - 1), nullptr);
-}
-
 void tst_Quiver::soundFetched()
 {
     QTemporaryFile file;
@@ -676,29 +647,6 @@ void tst_Quiver::soundFetched()
 
     bar.setSoundItemURL(QString());
     QVERIFY(!sound.loaded);
-}
-
-void tst_Quiver::aboutBoxIsShared()
-{
-    Quiver one;
-    Quiver two;
-    QList<QWidget *> shown;
-    auto closeWhenShown = [&shown] {
-        QTimer::singleShot(0, [&shown] {
-            shown.append(QApplication::activeModalWidget());
-            if (shown.last())
-                shown.last()->close();
-        });
-    };
-    closeWhenShown();
-    one.AboutBox();
-    closeWhenShown();
-    two.AboutBox();
-
-    QCOMPARE(shown.size(), 2);
-    QVERIFY(shown.at(0));
-    QCOMPARE(shown.at(0), shown.at(1));
-    QVERIFY(static_cast<QMessageBox *>(shown.at(0))->text().contains(QStringLiteral("2.0.1")));
 }
 
 QTEST_MAIN(tst_Quiver)
