@@ -30,6 +30,8 @@ public:
     bool visible = true;
     bool needsPaint = true;
     bool indexMayLag = false;
+    // Cleared by the XML reader while it sets a new header's attributes.
+    bool live = true;
 };
 
 Header::Header()
@@ -98,7 +100,7 @@ void Header::unlink()
 void Header::redrawBar()
 {
     d->needsPaint = true;
-    if (d->control)
+    if (d->control && d->live)
         d->control->redrawHeaderBar(d->barId);
 }
 
@@ -156,7 +158,7 @@ void Header::setIndex(int value)
     if (value == d->index)
         return;
     int index = value;
-    if (d->collection) {
+    if (d->collection && d->live) {
         const std::optional<int> moved = d->collection->MoveHeader(this, value);
         if (!moved)
             return;
@@ -165,7 +167,7 @@ void Header::setIndex(int value)
     d->index = index;
     d->items->SetHeaderIndex(index);
     redrawBar();
-    if (d->control)
+    if (d->control && d->live)
         d->control->relayoutStrip();
 }
 
@@ -334,7 +336,12 @@ Headers *Header::collection() const
 
 bool Header::isLive() const
 {
-    return d->collection != nullptr;
+    return d->collection != nullptr && d->live;
+}
+
+void Header::setLive(bool value)
+{
+    d->live = value;
 }
 
 bool Header::indexMayLag() const

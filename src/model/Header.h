@@ -110,7 +110,13 @@ public:
     // The collection that holds the header; nullptr before Headers::Add linked
     // it and after it was removed.
     Headers *collection() const;
+    // True from the end of Headers::Add until the header is removed, except
+    // while setLive(false) holds it back.
     bool isLive() const;
+    // The XML reader clears the live flag while it sets a new header's
+    // attributes, so that they change only the header's own fields (an Index
+    // is stored, not moved to); a failed reading leaves it cleared.
+    void setLive(bool value);
     // True when a deliberate early stop of the collection's renumbering left
     // Index different from the header's position.
     bool indexMayLag() const;

@@ -44,6 +44,7 @@ Item::Item()
     , m_needsMeasure(true)
     , m_indexMayLag(false)
     , m_toolTipIsCaption(true)
+    , m_live(true)
 {
 }
 
@@ -93,15 +94,21 @@ void Item::unlink()
     m_collection = nullptr;
 }
 
+// The view to tell about a change, nullptr while the live flag is cleared.
+ItemViewLink *Item::liveView() const
+{
+    return m_live ? itemView() : nullptr;
+}
+
 void Item::relayoutIfShown()
 {
-    if (ItemViewLink *view = itemView())
+    if (ItemViewLink *view = liveView())
         view->relayoutItems(false);
 }
 
 void Item::redrawIfShown()
 {
-    if (ItemViewLink *view = itemView())
+    if (ItemViewLink *view = liveView())
         view->redrawItem(m_viewId);
 }
 
@@ -192,7 +199,7 @@ bool Item::Enabled() const
 void Item::setEnabled(bool value)
 {
     m_enabled = value;
-    if (ItemViewLink *view = itemView()) {
+    if (ItemViewLink *view = liveView()) {
         view->redrawItem(m_viewId);
         view->releaseMouseGrab();
     }
@@ -236,7 +243,7 @@ void Item::setIndex(int value)
     if (value == m_index)
         return;
     int index = value;
-    if (m_collection) {
+    if (m_collection && m_live) {
         const std::optional<int> moved = m_collection->MoveItem(this, value);
         if (!moved)
             return;
@@ -415,7 +422,12 @@ Items *Item::collection() const
 
 bool Item::isLive() const
 {
-    return m_collection != nullptr;
+    return m_collection != nullptr && m_live;
+}
+
+void Item::setLive(bool value)
+{
+    m_live = value;
 }
 
 bool Item::needsMeasure() const

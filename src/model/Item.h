@@ -127,8 +127,13 @@ public:
     // The collection that holds the item; nullptr before Items::Add linked it
     // and after it was removed.
     Items *collection() const;
-    // True from the end of Items::Add until the item is removed.
+    // True from the end of Items::Add until the item is removed, except
+    // while setLive(false) holds it back.
     bool isLive() const;
+    // The XML reader clears the live flag while it sets a new item's
+    // attributes, so that they change only the item's own fields (an Index
+    // is stored, not moved to); a failed reading leaves it cleared.
+    void setLive(bool value);
     // Set whenever Index changes; the item view clears it after measuring.
     bool needsMeasure() const;
     void setNeedsMeasure(bool value);
@@ -152,6 +157,7 @@ private:
     void link(Items *collection);
     void unlink();
     void releaseChildWindow();
+    ItemViewLink *liveView() const;
     void relayoutIfShown();
     void redrawIfShown();
 
@@ -177,6 +183,7 @@ private:
     // True while the tool tip equals the caption; only a different tool tip
     // is stored (in the extra block).
     bool m_toolTipIsCaption : 1;
+    bool m_live : 1;
 };
 
 } // namespace OrrinQuiver
