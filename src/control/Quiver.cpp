@@ -1,6 +1,7 @@
 #include "control/Quiver.h"
 
 #include "control/Quiver_p.h"
+#include "control/ScriptErrors.h"
 #include "control/modQuiver.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
@@ -8,6 +9,8 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
+#include "serialize/XmlReader.h"
+#include "serialize/XmlWriter.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
@@ -309,9 +312,12 @@ void QuiverPrivate::setSoundUrl(Sound &sound, const QString &url, const QString 
         return;
     sound.url = url;
     notify(name);
-    sound.loaded = false;
-    if (url.isEmpty())
+    // Without a location the sound falls back to the built-in one; a new
+    // location keeps the sound fetched so far until its own arrives.
+    if (url.isEmpty()) {
+        sound.loaded = false;
         return;
+    }
     if (!network)
         network = std::make_unique<QNetworkAccessManager>();
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl::fromUserInput(url)));
@@ -405,12 +411,20 @@ void QuiverPrivate::startHeaderLabelEdit(const QString &) { }
 // URL icons are not fetched yet; the address stays stored in the item.
 void QuiverPrivate::loadUrlIcon(const QString &, bool) { }
 
-// The XML format is not connected yet: headers write "", reading changes nothing.
-QString QuiverPrivate::headerXml(const Header *) const { return {}; }
+QString QuiverPrivate::headerXml(const Header *header) const
+{
+    return XmlWriter::headerFragment(*q, *header);
+}
 
-void QuiverPrivate::setHeaderXml(Header *, const QString &) { }
+void QuiverPrivate::setHeaderXml(Header *header, const QString &xml)
+{
+    XmlReader::readHeaderFragment(*header, xml);
+}
 
-QString QuiverPrivate::historyXml() const { return {}; }
+QString QuiverPrivate::historyXml() const
+{
+    return XmlWriter::historyDocument(*navigation);
+}
 
 // --- Quiver ------------------------------------------------------------------
 
@@ -912,9 +926,24 @@ Item *Quiver::SelectedItem() const
 
 int Quiver::HeaderHeight() const { return d->headerHeight + 1; }
 
-QString Quiver::XML() const { return {}; }
+QString Quiver::XML() const
+{
+    return XmlWriter::controlDocument(*this, *d->headers, *d->navigation);
+}
 
-void Quiver::setXML(const QString &) { }
+void Quiver::setXML(const QString &xml)
+{
+    XmlReader::readControlDocument(*this, *d->headers, *d->navigation, xml);
+}
+
+void Quiver::writeXml(const QString &xml)
+{
+    try {
+        setXML(xml);
+    } catch (const QuiverError &error) {
+        reportToScript(this, error);
+    }
+}
 
 QVariant Quiver::URLIcon(const QString &) const { return {}; }
 
