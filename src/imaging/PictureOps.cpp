@@ -22,24 +22,24 @@ const QRgb *line(const QImage &image, int y) { return reinterpret_cast<const QRg
 
 QImage maskedCopy(const QImage &source, const QRect &area, std::optional<QRgb> transparent)
 {
-    QImage out(area.size(), QImage::Format_ARGB32);
+    QImage out(area.size(), WorkFormat);
     out.fill(0);
     const QRect inside = area & source.rect();
-    if (!inside.isEmpty()) {
-        const QImage part = source.copy(inside).convertToFormat(QImage::Format_ARGB32);
-        const QPoint offset = inside.topLeft() - area.topLeft();
-        const QRgb key = transparent.value_or(0) & RgbMask;
-        for (int y = 0; y < part.height(); ++y) {
-            const QRgb *from = line(part, y);
-            QRgb *to = line(out, y + offset.y()) + offset.x();
-            for (int x = 0; x < part.width(); ++x) {
-                const QRgb p = from[x];
-                const bool clear = qAlpha(p) == 0 || (transparent && (p & RgbMask) == key);
-                to[x] = clear ? 0 : p;
-            }
+    if (inside.isEmpty())
+        return out;
+    const QImage part = (inside == source.rect() ? source : source.copy(inside)).convertToFormat(QImage::Format_ARGB32);
+    const QPoint offset = inside.topLeft() - area.topLeft();
+    const QRgb key = transparent.value_or(0) & RgbMask;
+    const int width = part.width();
+    for (int y = 0; y < part.height(); ++y) {
+        const QRgb *from = line(part, y);
+        QRgb *to = line(out, y + offset.y()) + offset.x();
+        for (int x = 0; x < width; ++x) {
+            const QRgb p = from[x];
+            const bool clear = qAlpha(p) == 0 || (transparent && (p & RgbMask) == key);
+            to[x] = clear ? 0 : qPremultiply(p);
         }
     }
-    out.convertTo(WorkFormat);
     return out;
 }
 
@@ -61,6 +61,7 @@ QImage floodSilhouette(const QImage &image, const QPoint &seed, const QColor &co
         return out;
 
     const QRgb paint = qPremultiply(colour.rgba());
+    const QRect bounds = in.rect();
     const int w = in.width();
     std::vector<bool> seen(size_t(w) * size_t(in.height()), false);
     std::vector<QPoint> pending{seed};
@@ -71,7 +72,7 @@ QImage floodSilhouette(const QImage &image, const QPoint &seed, const QColor &co
         line(out, p.y())[p.x()] = paint;
         for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
             const QPoint n = p + step;
-            if (!in.rect().contains(n))
+            if (!bounds.contains(n))
                 continue;
             const size_t at = size_t(n.y()) * size_t(w) + size_t(n.x());
             if (seen[at] || qAlpha(line(in, n.y())[n.x()]) == 0)
@@ -85,17 +86,24 @@ QImage floodSilhouette(const QImage &image, const QPoint &seed, const QColor &co
 
 QImage blended(const QImage &image, const QColor &colour)
 {
-    QImage out = image.convertToFormat(WorkFormat);
-    const int cr = colour.red(), cg = colour.green(), cb = colour.blue();
-    for (int y = 0; y < out.height(); ++y) {
-        QRgb *row = line(out, y);
-        for (int x = 0; x < out.width(); ++x) {
-            const QRgb p = row[x];
+    const QImage in = image.convertToFormat(WorkFormat);
+    QImage out(in.size(), WorkFormat);
+    const QRgb opaque = colour.rgb();
+    const int width = in.width();
+    for (int y = 0; y < in.height(); ++y) {
+        const QRgb *from = line(in, y);
+        QRgb *to = line(out, y);
+        for (int x = 0; x < width; ++x) {
+            const QRgb p = from[x];
             const int a = qAlpha(p);
-            if (a == 0)
+            if (a == 0) {
+                to[x] = 0;
                 continue;
-            row[x] = qRgba((qRed(p) + cr * a / 255) / 2, (qGreen(p) + cg * a / 255) / 2,
-                           (qBlue(p) + cb * a / 255) / 2, a);
+            }
+            // The colour at the pixel's own alpha, so transparency is kept.
+            const QRgb c = a == 255 ? opaque : qPremultiply((opaque & RgbMask) | (QRgb(a) << 24));
+            // The mean of each of the four bytes, rounded down.
+            to[x] = (p & c) + (((p ^ c) & 0xFEFEFEFEu) >> 1);
         }
     }
     out.setDevicePixelRatio(image.devicePixelRatio());
@@ -112,11 +120,12 @@ void drawDisabled(QPainter &painter, const QPointF &topLeft, const QImage &image
     dark.fill(0);
     const QRgb lightPixel = highlight.rgb();
     const QRgb darkPixel = shadow.rgb();
+    const int width = in.width();
     for (int y = 0; y < in.height(); ++y) {
         const QRgb *from = line(in, y);
         QRgb *toLight = line(light, y);
         QRgb *toDark = line(dark, y);
-        for (int x = 0; x < in.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             // Premultiplied white (at any alpha, transparent included) is the
             // colour that vanishes; everything else belongs to the shape.
             const QRgb p = from[x];
