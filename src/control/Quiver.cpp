@@ -202,8 +202,11 @@ void QuiverPrivate::layoutStrip()
     }
     const Header *open = headers->at(selectedPosition);
     for (Header *header : *headers) {
-        if (ItemContainer *view = viewOf(header))
+        if (ItemContainer *view = viewOf(header)) {
+            // Headers move without telling their views.
+            view->setCollectionIndex(header->Index());
             view->setVisible(header == open && header->Visible());
+        }
     }
     if (headerRedraw) {
         repaintHeaderStrip(true);
@@ -421,10 +424,7 @@ void QuiverPrivate::setHeaderXml(Header *header, const QString &xml)
     XmlReader::readHeaderFragment(*header, xml);
 }
 
-QString QuiverPrivate::historyXml() const
-{
-    return XmlWriter::historyDocument(*navigation);
-}
+QString QuiverPrivate::historyXml() const { return XmlWriter::historyDocument(*navigation); }
 
 // --- Quiver ------------------------------------------------------------------
 
@@ -926,10 +926,7 @@ Item *Quiver::SelectedItem() const
 
 int Quiver::HeaderHeight() const { return d->headerHeight + 1; }
 
-QString Quiver::XML() const
-{
-    return XmlWriter::controlDocument(*this, *d->headers, *d->navigation);
-}
+QString Quiver::XML() const { return XmlWriter::controlDocument(*this, *d->headers, *d->navigation); }
 
 void Quiver::setXML(const QString &xml)
 {

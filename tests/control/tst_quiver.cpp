@@ -546,6 +546,8 @@ void tst_Quiver::openHeaderStaysOpen()
 
     const Header *selected = bar.SelectedHeader();
     QCOMPARE(selected ? selected->Caption() : QString(), open);
+    if (selected)
+        QCOMPARE(static_cast<ItemContainer *>(selected->itemView())->CollectionIndex(), selected->Index());
     int active = 0;
     for (const Header *header : *bar.Headers())
         active += static_cast<ItemContainer *>(header->itemView())->Active() ? 1 : 0;
