@@ -77,7 +77,7 @@ class Quiver : public QWidget
     Q_PROPERTY(OrrinQuiver::OLE_COLOR HeaderForeColor READ HeaderForeColor WRITE setHeaderForeColor)
     Q_PROPERTY(
         OrrinQuiver::OLE_COLOR HeaderOverForeColor READ HeaderOverForeColor WRITE setHeaderOverForeColor)
-    Q_PROPERTY(QString XML READ XML WRITE setXML)
+    Q_PROPERTY(QString XML READ XML WRITE writeXml)
 
 public:
     // Creates the control's own objects (Headers, Navigation, timers); the
@@ -221,9 +221,12 @@ public:
     // The height of one header bar plus 1, in pixels.
     int HeaderHeight() const;
 
-    // The whole bar as an XML document. Reading gives "" and writing is
-    // ignored until the document writer and reader are connected.
+    // The whole bar, its look and its content, as an XML document
+    // (docs/xml.md).
     QString XML() const;
+    // Reads such a document. Throws QuiverError for text that is not one
+    // (before changing anything); a call through the XML property
+    // (setProperty, a script, Designer) reports that error instead.
     void setXML(const QString &xml);
 
     // The picture fetched for an item's URL icon; an invalid variant when no
@@ -249,6 +252,9 @@ signals:
     void PropertyChanged(const QString &name);
 
 private:
+    // The XML property's writer: setXML without the throw.
+    void writeXml(const QString &xml);
+
     friend class QuiverPrivate;
     std::unique_ptr<QuiverPrivate> const d;
 };
