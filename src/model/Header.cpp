@@ -4,7 +4,7 @@
 #include "model/Headers.h"
 #include "model/ItemViewLink.h"
 #include "model/Items.h"
-#include "model/KeyedList_p.h"
+#include "model/Headers_p.h"
 #include "model/QuiverError.h"
 
 namespace OrrinQuiver {
@@ -22,7 +22,6 @@ public:
     ItemViewLink *itemView = nullptr;
     int index = 0;
     int barId = -1;
-    quint32 keyHash = 0;
     OLE_COLOR flashColor = SystemColors::ActiveCaption;
     OLE_COLOR flashTextColor = SystemColors::CaptionText;
     qvViewType view = qvViewLargeIcons;
@@ -62,12 +61,11 @@ void Header::storeIndex(int value)
 void Header::storeKey(const QString &value)
 {
     d->key = value;
-    d->keyHash = foldedKeyHash(value);
 }
 
-quint32 Header::keyHash() const
+QStringView Header::keyText(KeyBuffer &) const
 {
-    return d->keyHash;
+    return d->key;
 }
 
 void Header::setIndexMayLag(bool value)
@@ -113,6 +111,8 @@ void Header::setCaption(const QString &value)
 {
     if (d->toolTip == d->caption)
         d->toolTip = value;
+    if (d->collection)
+        d->collection->d->list.captionChanged(d->caption, value);
     d->caption = value;
     redrawBar();
 }

@@ -7,6 +7,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
+#include <array>
 #include <memory>
 
 namespace OrrinQuiver {
@@ -130,7 +131,7 @@ private:
     ControlLink *control() const;
     void storeIndex(int value);
     void storeKey(const QString &value);
-    quint32 keyHash() const;
+    QStringView keyText(std::array<char16_t, 32> &) const;
     void setIndexMayLag(bool value);
     void link(Headers *collection, ControlLink *control);
     void setViews(int barId, ItemViewLink *view);

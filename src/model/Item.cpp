@@ -5,7 +5,7 @@
 #include "model/Headers.h"
 #include "model/ItemViewLink.h"
 #include "model/Items.h"
-#include "model/KeyedList_p.h"
+#include "model/Items_p.h"
 
 #include <QtCore/QRect>
 
@@ -80,7 +80,20 @@ void Item::storeIndex(int value)
 void Item::storeKey(const QString &value)
 {
     m_key = value;
-    m_keyHash = foldedKeyHash(value);
+    m_keyNumber = 0;
+}
+
+void Item::storeGeneratedKey(quint32 number)
+{
+    m_key = QString();
+    m_keyNumber = number;
+}
+
+QStringView Item::keyText(KeyBuffer &buffer) const
+{
+    if (m_keyNumber)
+        return formatKey(buffer, GeneratedItemKeyPrefix, m_keyNumber);
+    return m_key;
 }
 
 void Item::link(Items *collection)
@@ -131,10 +144,13 @@ QString Item::Caption() const
 void Item::setCaption(const QString &value)
 {
     const bool toolTipFollows = m_toolTipIsCaption;
+    const QString old = m_caption;
     m_caption = value;
     // A caption is one line: every CR LF pair goes, lone CRs and LFs stay.
     if (m_caption.contains(QLatin1String("\r\n")))
         m_caption.remove(QLatin1String("\r\n"));
+    if (m_collection)
+        m_collection->d->list.captionChanged(old, m_caption);
     if (!toolTipFollows && m_extra && m_extra->toolTip == m_caption) {
         // The separate tool tip now equals the caption, so from here on it follows.
         m_extra->toolTip.clear();
@@ -218,17 +234,19 @@ void Item::setForeColor(OLE_COLOR value)
 
 QString Item::Key() const
 {
-    return m_key;
+    return m_keyNumber ? formatKey(GeneratedItemKeyPrefix, m_keyNumber) : m_key;
 }
 
 void Item::setKey(const QString &value)
 {
-    if (value == m_key)
+    KeyBuffer buffer;
+    const QStringView key = keyText(buffer);
+    if (value == key)
         return;
     // A linked item is re-keyed by its collection, which may pick another
     // key and stores it here.
-    if (!m_key.isEmpty() && m_collection)
-        m_collection->ChangeKey(m_key, value);
+    if (!key.isEmpty() && m_collection)
+        m_collection->ChangeKey(key.toString(), value);
     else
         storeKey(value);
 }

@@ -6,6 +6,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
+#include <array>
 #include <memory>
 
 namespace OrrinQuiver {
@@ -15,6 +16,8 @@ class Header;
 class ItemViewLink;
 class Items;
 struct ItemExtra;
+template<typename T>
+class KeyedList;
 
 // One button of a header: caption, icons, colours, state and host data.
 // Items are made only by Items::Add. Until Add has linked an item to its
@@ -152,7 +155,8 @@ private:
     ControlLink *control() const;
     void storeIndex(int value);
     void storeKey(const QString &value);
-    quint32 keyHash() const { return m_keyHash; }
+    void storeGeneratedKey(quint32 number);
+    QStringView keyText(std::array<char16_t, 32> &buffer) const;
     void setIndexMayLag(bool value) { m_indexMayLag = value; }
     void link(Items *collection);
     void unlink();
@@ -173,8 +177,10 @@ private:
     int m_viewId = -1;
     OLE_COLOR m_foreColor = 0;
     OLE_COLOR m_maskColor;
-    // Case-folded hash of m_key, the collection's key-table probe value.
-    quint32 m_keyHash = 0;
+    // A key that Add generated is kept as its number ("NEW_ITEM" and at
+    // least five digits), with m_key null: most items carry such a key, and
+    // the text is made only when asked for.
+    quint32 m_keyNumber = 0;
     bool m_bold : 1;
     bool m_enabled : 1;
     bool m_visible : 1;

@@ -5,6 +5,8 @@
 #include "model/ItemViewLink.h"
 #include "model/Items_p.h"
 
+#include <limits>
+
 namespace OrrinQuiver {
 
 Items::Items(QObject *parent)
@@ -33,13 +35,16 @@ OrrinQuiver::Item *Items::Add(int Index, const QString &Key, const QString &Capt
     else
         p = count;
 
-    const QString key = Key.isEmpty() ? QLatin1String("NEW_") + NextKey() : Key;
-
     auto *item = new OrrinQuiver::Item;
     item->setCaption(Caption);
     item->m_enabled = true;
     item->m_index = p + 1;
-    item->storeKey(key);
+    if (!Key.isEmpty())
+        item->storeKey(Key);
+    else if (++d->keyCounter <= std::numeric_limits<quint32>::max())
+        item->storeGeneratedKey(quint32(d->keyCounter));
+    else
+        item->storeKey(formatKey(GeneratedItemKeyPrefix, d->keyCounter));
     if (d->control)
         item->m_foreColor = d->control->itemForeColor();
     if (d->view)

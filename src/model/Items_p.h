@@ -8,6 +8,9 @@
 
 namespace OrrinQuiver {
 
+// The keys Add makes: "NEW_" and what NextKey() gives, "ITEM" and the counter.
+inline constexpr QStringView GeneratedItemKeyPrefix = u"NEW_ITEM";
+
 class Items::Private
 {
 public:

@@ -2,6 +2,7 @@
 
 #include <QtCore/QChar>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -70,18 +71,97 @@ std::optional<int> toPosition(double number)
     return int(rounded);
 }
 
-QString formatKey(QStringView prefix, qint64 counter)
+QStringView formatKey(KeyBuffer &buffer, QStringView prefix, qint64 counter)
 {
     // At least five digits, zero-padded; larger counters print in full.
     constexpr int MinimumDigits = 5;
-    const QString digits = QString::number(counter);
-    QString key;
-    key.reserve(prefix.size() + std::max<qsizetype>(MinimumDigits, digits.size()));
-    key.append(prefix);
-    for (qsizetype i = digits.size(); i < MinimumDigits; ++i)
-        key.append(QLatin1Char('0'));
-    key.append(digits);
-    return key;
+    char16_t digits[20];
+    int n = 0;
+    for (quint64 value = quint64(counter); value || n < MinimumDigits; value /= 10)
+        digits[n++] = char16_t(u'0' + value % 10);
+    const qsizetype length = std::min<qsizetype>(prefix.size(), qsizetype(buffer.size()) - n);
+    std::copy_n(prefix.utf16(), length, buffer.begin());
+    std::reverse_copy(digits, digits + n, buffer.begin() + length);
+    return QStringView(buffer.data(), length + n);
+}
+
+QString formatKey(QStringView prefix, qint64 counter)
+{
+    KeyBuffer buffer;
+    return formatKey(buffer, prefix, counter).toString();
+}
+
+namespace {
+// The count table grows before it is three quarters full.
+constexpr size_t MinimumCountTableSize = 16;
+constexpr quint64 CountMask = 0xFFFFFFFFu;
+
+quint32 hashOf(quint64 entry)
+{
+    return quint32(entry >> 32);
+}
+} // namespace
+
+size_t HashCounts::find(quint32 hash) const
+{
+    const size_t mask = m_entries.size() - 1;
+    size_t slot = hash & mask;
+    while ((m_entries[slot] & CountMask) && hashOf(m_entries[slot]) != hash)
+        slot = (slot + 1) & mask;
+    return slot;
+}
+
+void HashCounts::grow()
+{
+    std::vector<quint64> old(std::max(MinimumCountTableSize, m_entries.size() * 2), 0);
+    old.swap(m_entries);
+    for (quint64 entry : old) {
+        if (entry & CountMask)
+            m_entries[find(hashOf(entry))] = entry;
+    }
+}
+
+void HashCounts::add(quint32 hash)
+{
+    if ((m_used + 1) * 4 > m_entries.size() * 3)
+        grow();
+    quint64 &entry = m_entries[find(hash)];
+    if (!(entry & CountMask)) {
+        entry = quint64(hash) << 32;
+        ++m_used;
+    }
+    ++entry;
+}
+
+void HashCounts::remove(quint32 hash)
+{
+    if (m_entries.empty())
+        return;
+    const size_t mask = m_entries.size() - 1;
+    size_t hole = find(hash);
+    if (!(m_entries[hole] & CountMask) || (--m_entries[hole] & CountMask))
+        return;
+    --m_used;
+    // Backward-shift deletion, as in the key table.
+    for (size_t next = (hole + 1) & mask; m_entries[next] & CountMask; next = (next + 1) & mask) {
+        const size_t home = hashOf(m_entries[next]) & mask;
+        if (((next - home) & mask) >= ((next - hole) & mask)) {
+            m_entries[hole] = m_entries[next];
+            hole = next;
+        }
+    }
+    m_entries[hole] = 0;
+}
+
+bool HashCounts::contains(quint32 hash) const
+{
+    return !m_entries.empty() && (m_entries[find(hash)] & CountMask) != 0;
+}
+
+void HashCounts::clear()
+{
+    m_entries.clear();
+    m_used = 0;
 }
 
 MemberHolders::~MemberHolders()

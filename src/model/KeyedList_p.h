@@ -9,6 +9,7 @@
 #include <QtCore/QVariant>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -33,8 +34,33 @@ Lookup readLookup(const QVariant &value);
 // A number as the 32-bit position it names: rounded half to even; nullopt
 // when it does not fit.
 std::optional<int> toPosition(double number);
-// `prefix` followed by `counter` written with at least five digits.
+// Room for a generated key: a prefix of up to 12 letters and a 64-bit counter.
+using KeyBuffer = std::array<char16_t, 32>;
+// `prefix` followed by `counter` written with at least five digits, in `buffer`.
+QStringView formatKey(KeyBuffer &buffer, QStringView prefix, qint64 counter);
 QString formatKey(QStringView prefix, qint64 counter);
+
+// A multiset of 32-bit hashes: how many members have a text with that hash.
+// It answers "no member has this text" without walking the members.
+class HashCounts
+{
+public:
+    void add(quint32 hash);
+    // `hash` must have been added.
+    void remove(quint32 hash);
+    bool contains(quint32 hash) const;
+    void clear();
+
+private:
+    size_t find(quint32 hash) const;
+    void grow();
+
+    // Open addressing with linear probing over one array, so a probe costs
+    // one cache miss: each entry is the hash in the high half and its count
+    // in the low half; a count of 0 marks a free slot.
+    std::vector<quint64> m_entries;
+    size_t m_used = 0;
+};
 
 // Keeps members alive for scripts. QJSEngine deletes an object returned from
 // an invokable method once no script refers to it, unless the object has a
@@ -62,13 +88,17 @@ private:
     std::vector<QObject *> m_holders;
 };
 
-// The members of a collection: a vector of pointers in position order and an
-// open-addressing table of the same pointers keyed by each member's Key
-// (probed with the member's cached folded hash, compared with
-// QString::compare, so no second copy of any key is kept).
+// The members of a collection: a vector of pointers in position order, and an
+// open-addressing table of the same pointers keyed by each member's Key. The
+// table keeps each entry's folded hash beside it, so a probe compares hashes
+// and touches a member only on a hash match; no second copy of any key is
+// kept. From the first caption test on, the hashes of all captions are
+// counted, so that a caption test answers "none" without walking the members;
+// collections that are only filled and shown never pay for the count.
 //
-// T provides Key(), Caption(), Index(), keyHash(), storeIndex(int),
-// storeKey(QString) and setIndexMayLag(bool).
+// T provides Key(), keyText(KeyBuffer &) (the key as a view, possibly into
+// the buffer), Caption(), Index(), storeIndex(int), storeKey(QString) and
+// setIndexMayLag(bool).
 template<typename T>
 class KeyedList
 {
@@ -76,7 +106,6 @@ public:
     int count() const { return int(m_members.size()); }
     T *const *begin() const { return m_members.data(); }
     T *const *end() const { return m_members.data() + m_members.size(); }
-    const std::vector<T *> &members() const { return m_members; }
 
     // 1-based; nullptr out of range.
     T *at(int position) const
@@ -93,27 +122,24 @@ public:
 
     T *withKey(QStringView key) const
     {
-        if (m_table.empty())
-            return nullptr;
-        const quint32 hash = foldedKeyHash(key);
-        for (size_t slot = hash & m_mask;; slot = (slot + 1) & m_mask) {
-            T *candidate = m_table[slot];
-            if (!candidate)
-                return nullptr;
-            if (candidate->keyHash() == hash && key.compare(candidate->Key(), Qt::CaseInsensitive) == 0)
-                return candidate;
-        }
+        const size_t slot = findKey(key, foldedKeyHash(key));
+        return slot == NoSlot ? nullptr : m_slots[slot].member;
     }
 
     // Inserts `member` under its Key before the 1-based `position` (Count + 1
     // appends). False, and nothing changed, when the key is taken.
     bool insert(T *member, int position)
     {
-        if (withKey(member->Key()))
+        KeyBuffer buffer;
+        const QStringView key = member->keyText(buffer);
+        const quint32 hash = foldedKeyHash(key);
+        if (findKey(key, hash) != NoSlot)
             return false;
         position = std::clamp(position, 1, count() + 1);
         m_members.insert(m_members.begin() + (position - 1), member);
-        tableInsert(member);
+        tableInsert(member, hash);
+        if (m_captionsCounted)
+            m_captions.add(foldedKeyHash(member->Caption()));
         return true;
     }
 
@@ -123,6 +149,8 @@ public:
         T *member = m_members[size_t(position - 1)];
         m_members.erase(m_members.begin() + (position - 1));
         tableRemove(member);
+        if (m_captionsCounted)
+            m_captions.remove(foldedKeyHash(member->Caption()));
         return member;
     }
 
@@ -130,21 +158,38 @@ public:
     void clear()
     {
         m_members.clear();
-        m_table.clear();
+        m_slots.clear();
         m_mask = 0;
+        m_captions.clear();
+        m_captionsCounted = false;
+    }
+
+    // A member's caption changes from `from` to `to`.
+    void captionChanged(QStringView from, QStringView to)
+    {
+        if (!m_captionsCounted)
+            return;
+        m_captions.remove(foldedKeyHash(from));
+        m_captions.add(foldedKeyHash(to));
     }
 
     // The cached Index of the first member whose caption equals `caption`
     // case-insensitively, -1 when none.
     int indexOfCaption(QStringView caption) const
     {
+        if (!m_captionsCounted) {
+            for (const T *member : m_members)
+                m_captions.add(foldedKeyHash(member->Caption()));
+            m_captionsCounted = true;
+        }
+        if (!m_captions.contains(foldedKeyHash(caption)))
+            return -1;
         for (const T *member : m_members) {
             if (caption.compare(member->Caption(), Qt::CaseInsensitive) == 0)
                 return member->Index();
         }
         return -1;
     }
-
     // A caption match (its cached Index must name a position) before a key match.
     bool exists(const Lookup &lookup) const
     {
@@ -252,20 +297,23 @@ public:
             newKey = nextKey();
         member->storeKey(newKey);
         m_members.insert(m_members.begin() + std::min(position - 1, count()), member);
-        tableInsert(member);
+        tableInsert(member, foldedKeyHash(newKey));
+        if (m_captionsCounted)
+            m_captions.add(foldedKeyHash(member->Caption()));
         return newKey;
     }
 
-    // Checks the key table against the members: returns the problems found.
+    // Checks the tables against the members: returns the problems found.
     QStringList tableProblems() const
     {
         QStringList problems;
         size_t used = 0;
-        for (const T *entry : m_table) {
+        for (const Slot &slot : m_slots) {
+            const T *entry = slot.member;
             if (!entry)
                 continue;
             ++used;
-            if (entry->keyHash() != foldedKeyHash(entry->Key()))
+            if (slot.hash != foldedKeyHash(entry->Key()))
                 problems << QStringLiteral("key table: stale hash for key \"%1\"").arg(entry->Key());
             if (std::find(m_members.begin(), m_members.end(), entry) == m_members.end())
                 problems << QStringLiteral("key table: \"%1\" is no member").arg(entry->Key());
@@ -275,62 +323,88 @@ public:
         for (const T *member : m_members) {
             if (withKey(member->Key()) != member)
                 problems << QStringLiteral("key \"%1\" does not find its member").arg(member->Key());
+            if (m_captionsCounted && !m_captions.contains(foldedKeyHash(member->Caption())))
+                problems << QStringLiteral("caption \"%1\" is not counted").arg(member->Caption());
         }
         return problems;
     }
 
 private:
+    static constexpr size_t NoSlot = size_t(-1);
     // The table grows before it is three quarters full.
     static constexpr size_t MinimumTableSize = 16;
 
-    void tableInsert(T *member)
+    size_t findKey(QStringView key, quint32 hash) const
     {
-        if ((m_members.size() + 1) * 4 > m_table.size() * 3)
-            rehash(std::max(MinimumTableSize, m_table.size() * 2));
-        size_t slot = member->keyHash() & m_mask;
-        while (m_table[slot])
+        if (m_slots.empty())
+            return NoSlot;
+        KeyBuffer buffer;
+        for (size_t slot = hash & m_mask; m_slots[slot].member; slot = (slot + 1) & m_mask) {
+            const Slot &entry = m_slots[slot];
+            if (entry.hash == hash && key.compare(entry.member->keyText(buffer), Qt::CaseInsensitive) == 0)
+                return slot;
+        }
+        return NoSlot;
+    }
+
+    void tableInsert(T *member, quint32 hash)
+    {
+        if ((m_members.size() + 1) * 4 > m_slots.size() * 3)
+            rehash(std::max(MinimumTableSize, m_slots.size() * 2));
+        size_t slot = hash & m_mask;
+        while (m_slots[slot].member)
             slot = (slot + 1) & m_mask;
-        m_table[slot] = member;
+        m_slots[slot] = { member, hash };
     }
 
     // Linear probing with backward-shift deletion: no tombstones, so probes
     // stay short however many keys come and go.
     void tableRemove(const T *member)
     {
-        size_t slot = member->keyHash() & m_mask;
-        while (m_table[slot] != member)
-            slot = (slot + 1) & m_mask;
-        size_t hole = slot;
-        for (size_t next = (hole + 1) & m_mask; m_table[next]; next = (next + 1) & m_mask) {
-            const size_t home = m_table[next]->keyHash() & m_mask;
+        KeyBuffer buffer;
+        size_t hole = foldedKeyHash(member->keyText(buffer)) & m_mask;
+        while (m_slots[hole].member != member)
+            hole = (hole + 1) & m_mask;
+        for (size_t next = (hole + 1) & m_mask; m_slots[next].member; next = (next + 1) & m_mask) {
+            const size_t home = m_slots[next].hash & m_mask;
             // Move the entry back when its home is not in (hole, next].
             if (((next - home) & m_mask) >= ((next - hole) & m_mask)) {
-                m_table[hole] = m_table[next];
+                m_slots[hole] = m_slots[next];
                 hole = next;
             }
         }
-        m_table[hole] = nullptr;
+        m_slots[hole] = { nullptr, 0 };
     }
 
     void rehash(size_t size)
     {
-        std::vector<T *> old;
-        old.swap(m_table);
-        m_table.assign(size, nullptr);
+        std::vector<Slot> old(size, Slot { nullptr, 0 });
+        old.swap(m_slots);
         m_mask = size - 1;
-        for (T *entry : old) {
-            if (!entry)
+        for (const Slot &entry : old) {
+            if (!entry.member)
                 continue;
-            size_t slot = entry->keyHash() & m_mask;
-            while (m_table[slot])
+            size_t slot = entry.hash & m_mask;
+            while (m_slots[slot].member)
                 slot = (slot + 1) & m_mask;
-            m_table[slot] = entry;
+            m_slots[slot] = entry;
         }
     }
 
+    // A table entry: the member and the folded hash of its key, packed into
+    // twelve bytes so that a probe reads one place in memory.
+    struct [[gnu::packed]] Slot
+    {
+        T *member;
+        quint32 hash;
+    };
+
     std::vector<T *> m_members;
-    std::vector<T *> m_table;
+    std::vector<Slot> m_slots;
     size_t m_mask = 0;
+    // Made by the first caption test, which is a const lookup.
+    mutable HashCounts m_captions;
+    mutable bool m_captionsCounted = false;
 };
 
 } // namespace OrrinQuiver

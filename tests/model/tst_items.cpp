@@ -301,6 +301,9 @@ void tst_Items::captions()
         item->setCaption(text);
     QCOMPARE(item->Caption(), caption);
     QCOMPARE(item->ToolTipText(), expectedToolTip);
+    QVERIFY(items->Exists(caption));
+    QCOMPARE(items->Exists(QStringLiteral("start")), caption == QLatin1String("Start"));
+    CHECK_ITEMS(*items);
 }
 
 void tst_Items::setters_data()
