@@ -3,6 +3,7 @@
 #include "control/Quiver_p.h"
 #include "control/ScriptErrors.h"
 #include "control/modQuiver.h"
+#include "design/StylePreset.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
 #include "model/Headers.h"
@@ -986,5 +987,7 @@ Item *Quiver::HitTest(int X, int Y) const
 QString Quiver::VBVersion() const { return QStringLiteral("VB6"); }
 
 QString Quiver::Version() const { return modQuiver::versionText(); }
+
+void Quiver::ApplyStylePreset(qvStyle style) { StylePreset::apply(style, *this); }
 
 } // namespace OrrinQuiver

@@ -246,6 +246,10 @@ public:
     Q_INVOKABLE QString VBVersion() const;
     // The library's version, "major.minor.revision".
     Q_INVOKABLE QString Version() const;
+    // Sets Style, then resets the behaviour flags, colours and mouse pointers
+    // to that style's preset (design/StylePreset.h); a value outside qvStyle
+    // changes nothing.
+    Q_INVOKABLE void ApplyStylePreset(OrrinQuiver::qvStyle Style);
 
 signals:
     // A persisted property changed; `name` is the property's own name.
