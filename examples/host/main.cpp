@@ -1,5 +1,10 @@
-// The smallest host of the installed library.
-#include <platform/SystemColors.h>
+// The smallest host of the installed library: a bar with a header of its own
+// holding one item, made the way an application makes it.
+#include <control/Quiver.h>
+#include <model/Header.h>
+#include <model/Headers.h>
+#include <model/Item.h>
+#include <model/Items.h>
 
 #include <QtWidgets/QApplication>
 
@@ -8,8 +13,21 @@
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
-    const QColor face = OrrinQuiver::translateColor(OrrinQuiver::SystemColors::ButtonFace,
-                                                    OrrinQuiver::classicPalette());
-    std::printf("button face: %s\n", qPrintable(face.name()));
-    return face == QColor(212, 208, 200) ? 0 : 1;
+
+    OrrinQuiver::Quiver bar;
+    bar.InitProperties();
+    bar.show();
+    OrrinQuiver::Header *mail = bar.Headers()->Add(0, QStringLiteral("mail"), QStringLiteral("Mail"));
+    OrrinQuiver::Item *inbox = mail ? mail->Items()->Add(0, QStringLiteral("inbox"), QStringLiteral("Inbox")) : nullptr;
+    if (!inbox)
+        return 1;
+    inbox->setSelected(true);
+
+    if (bar.SelectedHeader() != mail || bar.SelectedItem() != inbox) {
+        std::fprintf(stderr, "quiver-host: selecting the item did not open its header\n");
+        return 1;
+    }
+    std::printf("Quiver %s: %d headers, \"%s\" open at \"%s\"\n", qPrintable(bar.Version()), bar.Headers()->Count(),
+                qPrintable(mail->Caption()), qPrintable(inbox->Caption()));
+    return 0;
 }

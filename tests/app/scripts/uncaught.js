@@ -1,0 +1,4 @@
+// An error that the script does not catch ends it.
+print("before");
+notDefinedAnywhere();
+print("after");
