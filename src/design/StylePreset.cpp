@@ -116,6 +116,30 @@ QVariant valueOf(Kind kind, quint32 value)
     return QVariant();
 }
 
+// The target has the last word on the style: the preset follows the style
+// it reports, not the one asked for.
+void writePreset(int style, StylePreset::Target &target)
+{
+    target.write("Style", QVariant::fromValue(qvStyle(style)));
+    bool isNumber = false;
+    const int kept = target.read("Style").toInt(&isNumber);
+    if (!isNumber || !isStyle(kept))
+        return;
+    for (const Row &row : Preset) {
+        const Cell &cell = row.cells[std::size_t(kept)];
+        switch (cell.what) {
+        case Cell::What::Leave:
+            break;
+        case Cell::What::Set:
+            target.write(row.property, valueOf(row.kind, cell.value));
+            break;
+        case Cell::What::Copy:
+            target.write(row.property, target.read(cell.source));
+            break;
+        }
+    }
+}
+
 class ObjectTarget final : public StylePreset::Target
 {
 public:
@@ -169,26 +193,9 @@ void StylePreset::apply(int style, Target &target)
 {
     if (!isStyle(style))
         return;
-    // The target has the last word on the style: the preset follows the
-    // style it reports, not the one asked for.
-    target.write("Style", QVariant::fromValue(qvStyle(style)));
-    bool isNumber = false;
-    const int kept = target.read("Style").toInt(&isNumber);
-    if (!isNumber || !isStyle(kept))
-        return;
-    for (const Row &row : Preset) {
-        const Cell &cell = row.cells[std::size_t(kept)];
-        switch (cell.what) {
-        case Cell::What::Leave:
-            break;
-        case Cell::What::Set:
-            target.write(row.property, valueOf(row.kind, cell.value));
-            break;
-        case Cell::What::Copy:
-            target.write(row.property, target.read(cell.source));
-            break;
-        }
-    }
+    target.beginPreset();
+    writePreset(style, target);
+    target.endPreset();
 }
 
 void StylePreset::apply(int style, QObject &control)

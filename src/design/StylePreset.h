@@ -25,6 +25,10 @@ public:
         virtual QVariant read(const char *name) const = 0;
         // Sets the property; a target may refuse a value and keep its own.
         virtual void write(const char *name, const QVariant &value) = 0;
+        // Called before and after the writes of one preset, so that a target
+        // can make them one change; nothing by default.
+        virtual void beginPreset() { }
+        virtual void endPreset() { }
     };
 
     // The text that tells a developer what applying `style` does; "" for a
