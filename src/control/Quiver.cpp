@@ -325,12 +325,10 @@ void QuiverPrivate::setSoundUrl(Sound &sound, const QString &url, const QString 
     if (!network)
         network = std::make_unique<QNetworkAccessManager>();
     QNetworkReply *reply = network->get(QNetworkRequest(QUrl::fromUserInput(url)));
-    QObject::connect(reply, &QNetworkReply::finished, reply, [&sound, reply, url] {
+    QObject::connect(reply, &QNetworkReply::finished, reply, [this, &sound, reply, url, name] {
         // A location replaced while the fetch ran keeps the newer one's sound.
-        if (reply->error() == QNetworkReply::NoError && sound.url == url) {
-            sound.data = reply->readAll();
-            sound.loaded = true;
-        }
+        if (reply->error() == QNetworkReply::NoError && sound.url == url)
+            asyncReadComplete(name, reply->readAll());
         reply->deleteLater();
     });
 }
@@ -433,7 +431,9 @@ Quiver::Quiver(QWidget *parent)
     : QWidget(parent)
     , d(std::make_unique<QuiverPrivate>(this))
 {
-    modQuiver::addInstance();
+    d->defaultSound.data = modQuiver::folderSound();
+    d->defaultSound.loaded = !d->defaultSound.data.isEmpty();
+    modQuiver::addInstance(this);
     d->headers = new OrrinQuiver::Headers(d.get(), this);
     d->navigation = new OrrinQuiver::Navigation(d.get(), this);
     connect(d->navigation, &OrrinQuiver::Navigation::ChangePosition, this,
@@ -447,6 +447,7 @@ Quiver::Quiver(QWidget *parent)
     d->defaultFont = QWidget::font();
     d->defaultHeaderCursor = QVariant::fromValue(QCursor(DefaultHeaderCursorShape));
     d->templateBar.icon = d->defaultHeaderCursor;
+    d->trackFocus();
 }
 
 Quiver::~Quiver()

@@ -20,6 +20,7 @@ class Header;
 class Headers;
 class Item;
 class Navigation;
+class PropertyBag;
 class QuiverPrivate;
 
 // The navigation bar: a vertical strip of headers, exactly one of them open,
@@ -78,6 +79,7 @@ class Quiver : public QWidget
     Q_PROPERTY(
         OrrinQuiver::OLE_COLOR HeaderOverForeColor READ HeaderOverForeColor WRITE setHeaderOverForeColor)
     Q_PROPERTY(QString XML READ XML WRITE writeXml)
+    Q_PROPERTY(QString PropertyBagText READ PropertyBagText WRITE setPropertyBagText)
 
 public:
     // Creates the control's own objects (Headers, Navigation, timers); the
@@ -93,6 +95,24 @@ public:
     // Gives a newly placed control its initial values and the header
     // "Header 1". Running it again adds another "Header 1".
     void InitProperties();
+
+    // Restores a control from a bag, as a host does when it loads a saved
+    // control: meant for a control that has no headers yet (InitProperties()
+    // not run), to which the stored headers are added. A missing,
+    // wrong-typed or garbage value reads as the default it was saved against
+    // (docs/persistence.md); image lists are looked up by name on the form
+    // the control sits on, and a name not found there leaves the property
+    // unset. Never throws.
+    void ReadProperties(const PropertyBag &bag);
+    // Saves the control, its headers and items into `bag`; values equal to
+    // their defaults are not stored. Never throws; whether a bag's store
+    // succeeded is the bag's to tell.
+    void WriteProperties(PropertyBag &bag) const;
+    // The control saved as the text of a FormPropertyBag: how a Qt Designer
+    // form file keeps it. Assigning a text removes every header and restores
+    // the control from it; text that is not a bag restores the defaults.
+    QString PropertyBagText() const;
+    void setPropertyBagText(const QString &text);
 
     // Whether the control is shown by a form designer rather than running in
     // its host; false by default.
@@ -250,6 +270,12 @@ public:
     // to that style's preset (design/StylePreset.h); a value outside qvStyle
     // changes nothing.
     Q_INVOKABLE void ApplyStylePreset(OrrinQuiver::qvStyle Style);
+
+protected:
+    // Shown: the last set-up of a loaded control, the layout, a deferred repaint.
+    void showEvent(QShowEvent *event) override;
+    // Keeps the control at least 52 pixels wide and lays it out again.
+    void resizeEvent(QResizeEvent *event) override;
 
 signals:
     // A persisted property changed; `name` is the property's own name.

@@ -131,6 +131,15 @@ public:
     void refusePicture();
     void setSoundUrl(Sound &sound, const QString &url, const QString &name);
 
+    // Lifecycle (QuiverLifecycle.cpp).
+    // Follows the application's focus: the focus flag is set while the focus
+    // is on the control or inside it, and with the tab-stop flag set the focus
+    // that the control itself receives goes on to the open item view.
+    void trackFocus();
+    // Stores what a download started under a property's name brought: the
+    // three sound locations fill their sounds; other names are not sounds.
+    void asyncReadComplete(const QString &propertyName, const QByteArray &data);
+
     Quiver *const q;
     OrrinQuiver::Headers *headers = nullptr;
     OrrinQuiver::Navigation *navigation = nullptr;
@@ -155,6 +164,13 @@ public:
     bool headerRedraw = false;
     bool tabStop = false;
     bool designMode = false;
+    // The focus flag: the focus is on the control or inside it.
+    bool hasFocus = false;
+    // Whether the control ran in its host (not in a designer) when it was
+    // restored from a property bag; a first Show in the host compares.
+    bool userModeAtRead = true;
+    // Set while a resize runs, which itself may resize the control.
+    bool resizing = false;
     // Set while the history opens a place, which must not be recorded again.
     bool followingHistory = false;
     // The measured height of one header bar.
@@ -192,6 +208,8 @@ public:
     QPointer<QObject> icons;
     QPointer<QObject> smallIcons;
 
+    // The built-in header click, loaded when the control is made.
+    Sound defaultSound;
     Sound itemSound;
     Sound headerUpSound;
     Sound headerDownSound;

@@ -1,24 +1,45 @@
 #include "control/modQuiver.h"
 
+#include "imaging/clsDrawPictures.h"
+
 #include <QtCore/QPointer>
+#include <QtCore/QResource>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QWidget>
+
+#include <memory>
 
 namespace OrrinQuiver::modQuiver {
 
 namespace {
 
 int instances = 0;
+int scrollBarExtent = 0;
+std::unique_ptr<clsDrawPictures> effects;
 QPointer<QMessageBox> about;
+
+// Where the library keeps its built-in header click (control/resources/sounds.qrc).
+const QString FolderSoundResource = QStringLiteral(":/OrrinQuiver/FOLDER_SOUND");
 
 } // namespace
 
-void addInstance() { ++instances; }
+void addInstance(const QWidget *control)
+{
+    scrollBarExtent = control->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, control);
+    ++instances;
+    if (!effects)
+        effects = std::make_unique<clsDrawPictures>();
+}
 
 void releaseInstance()
 {
     if (instances > 0)
         --instances;
-    if (instances > 0 || !about)
+    if (instances > 0)
+        return;
+    effects.reset();
+    if (!about)
         return;
     // A dialog on screen may be running its own event loop: it goes once
     // control is back in the main loop.
@@ -29,6 +50,12 @@ void releaseInstance()
 }
 
 int instanceCount() { return instances; }
+
+int scrollBarWidth() { return scrollBarExtent; }
+
+clsDrawPictures *pictureEffects() { return effects.get(); }
+
+QByteArray folderSound() { return QResource(FolderSoundResource).uncompressedData(); }
 
 QString versionText()
 {

@@ -33,3 +33,9 @@ target_sources(OrrinQuiver
 # Quiver::Version() reports the project's version.
 set_source_files_properties(control/modQuiver.cpp PROPERTIES COMPILE_DEFINITIONS
     "ORRINQUIVER_VERSION_MAJOR=${PROJECT_VERSION_MAJOR};ORRINQUIVER_VERSION_MINOR=${PROJECT_VERSION_MINOR};ORRINQUIVER_VERSION_PATCH=${PROJECT_VERSION_PATCH}")
+
+# Saving to and restoring from property bags; showing, resizing and focus.
+target_sources(OrrinQuiver
+    PRIVATE
+        control/QuiverLifecycle.cpp
+        control/QuiverPersistence.cpp)

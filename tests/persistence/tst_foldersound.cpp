@@ -1,10 +1,9 @@
-#include <QtCore/QFile>
+#include "control/modQuiver.h"
+
 #include <QtCore/QtEndian>
 #include <QtTest/QTest>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 // The built-in header click is compiled into the library as a resource.
 class tst_FolderSound : public QObject
@@ -37,10 +36,7 @@ qsizetype tst_FolderSound::chunk(QByteArrayView tag) const
 
 void tst_FolderSound::initTestCase()
 {
-    Q_INIT_RESOURCE(sounds);
-    QFile file(u":/OrrinQuiver/FOLDER_SOUND"_s);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    m_wave = file.readAll();
+    m_wave = OrrinQuiver::modQuiver::folderSound();
     QCOMPARE(m_wave.size(), 9458);
     QVERIFY(chunk("fmt ") > 0);
     QVERIFY(chunk("data") > 0);

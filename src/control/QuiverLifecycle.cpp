@@ -1,0 +1,96 @@
+// What the control does when it is shown, resized, focused and when a
+// download it started completes.
+
+#include "control/Quiver.h"
+
+#include "control/Quiver_p.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+#include "model/Navigation.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QTimer>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QApplication>
+
+namespace OrrinQuiver {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The control is never narrower than this, in pixels.
+constexpr int MinimumWidth = 52;
+
+} // namespace
+
+void QuiverPrivate::trackFocus()
+{
+    QObject::connect(qApp, &QApplication::focusChanged, q, [this](QWidget *, QWidget *now) {
+        const bool inside = now && (now == q || q->isAncestorOf(now));
+        if (inside == hasFocus)
+            return;
+        hasFocus = inside;
+        if (!inside || now != q || !tabStop)
+            return;
+        if (ItemContainer *view = openView())
+            view->setFocus(Qt::OtherFocusReason);
+    });
+}
+
+void QuiverPrivate::asyncReadComplete(const QString &propertyName, const QByteArray &data)
+{
+    Sound *sound = propertyName == u"SoundItemURL" ? &itemSound
+        : propertyName == u"SoundHeaderUpURL"      ? &headerUpSound
+        : propertyName == u"SoundHeaderDownURL"    ? &headerDownSound
+                                                   : nullptr;
+    if (!sound)
+        return;
+    sound->data = data;
+    sound->loaded = true;
+}
+
+void Quiver::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    quietly([this] {
+        const bool userMode = !d->designMode;
+        if (userMode && !d->userModeAtRead) {
+            for (Header *header : *d->headers) {
+                if (ItemContainer *view = d->viewOf(header))
+                    view->setDesignMode(false);
+                setSmoothScroll(false);
+            }
+        }
+        if (userMode) {
+            Header *open = d->headers->at(d->selectedPosition);
+            const ItemContainer *view = d->viewOf(open);
+            if (view && view->CurrentItem() >= 1) {
+                if (const Item *item = open->Items()->at(view->CurrentItem()))
+                    d->navigation->Record(open->Key(), item->Key());
+            }
+        }
+        d->layoutStrip();
+        d->redrawTimer->start();
+    });
+}
+
+void Quiver::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (d->resizing || width() < 1 || height() < 1)
+        return;
+    quietly([this] {
+        QScopedValueRollback<bool> guard(d->resizing, true);
+        if (width() < MinimumWidth)
+            resize(MinimumWidth, height());
+        d->headerRedraw = true;
+        d->layoutStrip();
+        d->repaintHeaderStrip(true);
+    });
+}
+
+} // namespace OrrinQuiver
