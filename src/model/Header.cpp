@@ -163,6 +163,9 @@ void Header::setIndex(int value)
         if (!moved)
             return;
         index = *moved;
+    } else if (d->collection) {
+        // Held back by the XML reader: the number is stored, not moved to.
+        d->indexMayLag = true;
     }
     d->index = index;
     d->items->SetHeaderIndex(index);

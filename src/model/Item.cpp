@@ -266,6 +266,9 @@ void Item::setIndex(int value)
         if (!moved)
             return;
         index = *moved;
+    } else if (m_collection) {
+        // Held back by the XML reader: the number is stored, not moved to.
+        m_indexMayLag = true;
     }
     storeIndex(index);
     relayoutIfShown();

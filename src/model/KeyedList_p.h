@@ -293,7 +293,9 @@ public:
         takeAt(position);
         if (newKey.isEmpty())
             newKey = nextKey();
-        while (exists(Lookup { false, 0, newKey }))
+        // A caption match whose cached Index names no position makes exists()
+        // false for a key that is in use; keys stay unique all the same.
+        while (exists(Lookup { false, 0, newKey }) || withKey(newKey))
             newKey = nextKey();
         member->storeKey(newKey);
         m_members.insert(m_members.begin() + std::min(position - 1, count()), member);
