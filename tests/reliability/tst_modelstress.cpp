@@ -1,0 +1,89 @@
+#include "ModelStress.h"
+
+#include "control/Quiver.h"
+
+#include <QtTest/QTest>
+
+#include <random>
+
+using namespace OrrinQuiver;
+
+namespace {
+
+// The operations of one run; QUIVER_STRESS_STEPS sets another number for a
+// longer campaign.
+constexpr int DefaultSteps = 100000;
+// The whole model is checked after every this many operations (and after
+// every clear, document read and return to the event loop); the operations
+// in between check what they touched.
+constexpr int FullCheckEvery = 64;
+
+// QUIVER_STRESS_SEED replays a run; otherwise every run draws a new seed.
+quint64 runSeed()
+{
+    bool given = false;
+    const quint64 seed = qEnvironmentVariable("QUIVER_STRESS_SEED").toULongLong(&given);
+    return given ? seed : (quint64(std::random_device()()) << 32) | std::random_device()();
+}
+
+int runSteps()
+{
+    bool given = false;
+    const int steps = qEnvironmentVariableIntValue("QUIVER_STRESS_STEPS", &given);
+    return given && steps > 0 ? steps : DefaultSteps;
+}
+
+} // namespace
+
+class tst_ModelStress : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void operations_data();
+    void operations();
+};
+
+void tst_ModelStress::operations_data()
+{
+    QTest::addColumn<int>("headers");
+    QTest::addColumn<int>("itemsPerHeader");
+
+    // Many members: renumbering, moves and lookups over long collections.
+    QTest::newRow("crowded") << 12 << 60;
+    // A few members: the edges (empty, one, last) come up all the time.
+    QTest::newRow("sparse") << 3 << 4;
+}
+
+void tst_ModelStress::operations()
+{
+    QFETCH(int, headers);
+    QFETCH(int, itemsPerHeader);
+
+    const quint64 seed = runSeed();
+    Quiver bar;
+    bar.InitProperties();
+    // Slides jump at once, so that a seed replays the same sequence.
+    bar.setSmoothScroll(false);
+    bar.resize(200, 480);
+    bar.show();
+
+    ModelStress stress(bar, seed, { headers, itemsPerHeader, FullCheckEvery });
+    const int steps = runSteps();
+    for (int step = 1; step <= steps; ++step) {
+        const QStringList problems = stress.step();
+        if (!problems.isEmpty()) {
+            QFAIL(qPrintable(QStringLiteral("seed %1 (replay with QUIVER_STRESS_SEED=%1), operation %2:\n%3\n"
+                                            "last operations:\n%4")
+                                 .arg(seed)
+                                 .arg(step)
+                                 .arg(problems.join(QLatin1Char('\n')),
+                                      stress.recentOperations().join(QLatin1Char('\n')))));
+        }
+    }
+    QVERIFY2(stress.comparedRoundTrips() > 0 || steps < DefaultSteps,
+             "no XML round trip could be compared: the run no longer exercises the document format");
+}
+
+QTEST_MAIN(tst_ModelStress)
+#include "tst_modelstress.moc"
