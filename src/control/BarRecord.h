@@ -15,8 +15,7 @@ public:
     BarRecord() = default;
     explicit BarRecord(const QString &text)
         : m_text(text)
-    {
-    }
+    { }
 
     QString text() const { return m_text; }
 

@@ -26,13 +26,13 @@ void drawLine(QPainter &painter, QPoint from, QPoint to, const QColor &color)
     if (from.y() == to.y() && from.x() != to.x()) {
         const int step = to.x() > from.x() ? 1 : -1;
         const int last = to.x() - step;
-        painter.fillRect(QRect(QPoint(qMin(from.x(), last), from.y()), QPoint(qMax(from.x(), last), from.y())),
-                         color);
+        painter.fillRect(
+            QRect(QPoint(qMin(from.x(), last), from.y()), QPoint(qMax(from.x(), last), from.y())), color);
     } else if (from.x() == to.x() && from.y() != to.y()) {
         const int step = to.y() > from.y() ? 1 : -1;
         const int last = to.y() - step;
-        painter.fillRect(QRect(QPoint(from.x(), qMin(from.y(), last)), QPoint(from.x(), qMax(from.y(), last))),
-                         color);
+        painter.fillRect(
+            QRect(QPoint(from.x(), qMin(from.y(), last)), QPoint(from.x(), qMax(from.y(), last))), color);
     }
 }
 
@@ -48,7 +48,7 @@ void drawCorner(QPainter &painter, QPoint a, QPoint b, QPoint c, const QColor &c
 FittedText FitTextWithEllipsis(const QFontMetrics &metrics, const QString &text, int width)
 {
     const QString fitted = metrics.elidedText(text, Qt::ElideRight, qMax(width, 0));
-    return {fitted, metrics.horizontalAdvance(fitted)};
+    return { fitted, metrics.horizontalAdvance(fitted) };
 }
 
 void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, const QPalette &palette)
@@ -62,7 +62,8 @@ void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, co
 
     painter.save();
     painter.setFont(look.font);
-    const FittedText caption = FitTextWithEllipsis(painter.fontMetrics(), look.caption, size.width() - CaptionMargin);
+    const FittedText caption
+        = FitTextWithEllipsis(painter.fontMetrics(), look.caption, size.width() - CaptionMargin);
 
     const int w = size.width();
     const int h = size.height();
@@ -87,7 +88,8 @@ void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, co
         drawCorner(painter, topRight, bottomRight, bottomLeft, color(c.highlight));
         drawCorner(painter, QPoint(1, h - 2), QPoint(1, 1), QPoint(w - 2, 1), color(c.shadow));
         break;
-    default: break;
+    default:
+        break;
     }
 
     OLE_COLOR text = c.shadow;

@@ -16,12 +16,13 @@ namespace OrrinQuiver {
 // The three looks of a header bar; the value a bar remembers between draws.
 enum HeaderState : int {
     HeaderNormal = 0, // raised
-    HeaderHot = 1,    // raised twice: the mouse is over it
+    HeaderHot = 1, // raised twice: the mouse is over it
     HeaderPressed = 2 // sunken
 };
 
 // The colours a bar is painted with, as the object model stores them.
-struct HeaderColors {
+struct HeaderColors
+{
     OLE_COLOR back = SystemColors::ButtonFace;
     OLE_COLOR fore = SystemColors::ButtonText;
     OLE_COLOR overFore = SystemColors::ButtonText;
@@ -31,7 +32,8 @@ struct HeaderColors {
 };
 
 // Everything that decides how one bar looks.
-struct HeaderLook {
+struct HeaderLook
+{
     int state = HeaderNormal;
     qvStyle style = qvStyleOutlook;
     QString caption;
@@ -40,7 +42,8 @@ struct HeaderLook {
     HeaderColors colors;
 };
 
-struct FittedText {
+struct FittedText
+{
     QString text;
     int width = 0;
 };

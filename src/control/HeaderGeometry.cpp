@@ -52,10 +52,13 @@ Family familyOf(qvStyle style)
 {
     switch (style) {
     case qvStyleWindows2000:
-    case qvStyleWindowsXP: return Family::Windows;
-    case qvStyleVisualStudio: return Family::Flat;
+    case qvStyleWindowsXP:
+        return Family::Windows;
+    case qvStyleVisualStudio:
+        return Family::Flat;
     case qvStyleOutlook:
-    case qvStyleOutlookXP: break;
+    case qvStyleOutlookXP:
+        break;
     }
     return Family::Outlook;
 }
@@ -106,10 +109,13 @@ QRect itemViewRect(qvStyle style, int width, int barTop, int headerHeight, int c
     case Family::Windows:
         return QRect(WindowsViewLeft, barTop + headerHeight + WindowsViewGap, width - WindowsViewNarrowing,
                      content - WindowsViewShortening);
-    case Family::Flat: return QRect(0, barTop + headerHeight + FlatViewGap, width, content);
-    case Family::Outlook: break;
+    case Family::Flat:
+        return QRect(0, barTop + headerHeight + FlatViewGap, width, content);
+    case Family::Outlook:
+        break;
     }
-    return QRect(OutlookViewLeft, barTop + headerHeight + OutlookViewGap, width - OutlookViewNarrowing, content);
+    return QRect(OutlookViewLeft, barTop + headerHeight + OutlookViewGap, width - OutlookViewNarrowing,
+                 content);
 }
 
 StripLayout layoutStrip(const StripInput &input)
@@ -127,8 +133,8 @@ StripLayout layoutStrip(const StripInput &input)
     const bool hideLoneBar = !input.alwaysShowFirstHeader && count == 1;
 
     StripLayout layout;
-    layout.contentHeight = contentHeight(input.style, input.height, hh, count, selected,
-                                         input.alwaysShowFirstHeader);
+    layout.contentHeight
+        = contentHeight(input.style, input.height, hh, count, selected, input.alwaysShowFirstHeader);
     const QRect viewTemplate = itemViewRect(input.style, input.width, 0, hh, layout.contentHeight);
     layout.viewLeft = viewTemplate.left();
     layout.viewWidth = viewTemplate.width();
@@ -154,8 +160,8 @@ StripLayout layoutStrip(const StripInput &input)
         // Under the flat style the open bar and the one after it leave a
         // square of the bar's height free at their right ends for the arrows.
         const bool besideArrows = flat && selected > 0 && (p == selected || p == selected + 1);
-        layout.bars.append({QRect(left, top, besideArrows ? barWidth - hh : barWidth, hh),
-                            visible && !hideLoneBar});
+        layout.bars.append(
+            { QRect(left, top, besideArrows ? barWidth - hh : barWidth, hh), visible && !hideLoneBar });
     }
     if (selected > 0)
         layout.openView = itemViewRect(input.style, input.width, layout.bars.at(selected - 1).rect.top(), hh,
@@ -188,9 +194,6 @@ SlidePlan planSlide(const SlideInput &input)
     return plan;
 }
 
-int slideViewTop(int barTop, int headerHeight)
-{
-    return barTop + headerHeight + SlideViewGap;
-}
+int slideViewTop(int barTop, int headerHeight) { return barTop + headerHeight + SlideViewGap; }
 
 } // namespace OrrinQuiver::HeaderGeometry

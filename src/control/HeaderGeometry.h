@@ -28,22 +28,25 @@ int contentHeight(qvStyle style, qreal height, int headerHeight, int count, int 
 QRect itemViewRect(qvStyle style, int width, int barTop, int headerHeight, int content);
 
 // What the strip layout is computed from.
-struct StripInput {
+struct StripInput
+{
     qvStyle style = qvStyleOutlook;
-    int width = 0;  // the control's inner width
+    int width = 0; // the control's inner width
     int height = 0; // the control's inner height
     int headerHeight = 0;
     QList<bool> visible; // the headers' Visible, in position order
-    int selected = 0;    // 1-based position of the open header, 0 when none is open
+    int selected = 0; // 1-based position of the open header, 0 when none is open
     bool alwaysShowFirstHeader = true;
 };
 
-struct BarPlacement {
+struct BarPlacement
+{
     QRect rect;
     bool visible = true;
 };
 
-struct StripLayout {
+struct StripLayout
+{
     QList<BarPlacement> bars; // one per header, in position order
     int contentHeight = 0;
     // The open header's item view; a null rectangle when no header is open.
@@ -58,23 +61,25 @@ struct StripLayout {
 StripLayout layoutStrip(const StripInput &input);
 
 // What travels when another header opens, and how far.
-struct SlidePlan {
-    bool up = false;          // the bars travel upward (a header below the open one opens)
-    QList<int> barPositions;  // the header positions whose bars move, in slot order
+struct SlidePlan
+{
+    bool up = false; // the bars travel upward (a header below the open one opens)
+    QList<int> barPositions; // the header positions whose bars move, in slot order
     bool carriesView = false; // the opened header's item view moves as the last member
-    bool fast = false;        // the mover takes its larger minimum step
+    bool fast = false; // the mover takes its larger minimum step
     int distance = 0;
     // Whether anything moves at all.
     bool isEmpty() const { return barPositions.isEmpty(); }
 };
 
 // What the header strip knows when another header opens.
-struct SlideInput {
+struct SlideInput
+{
     int oldPosition = 0; // the header open before, 0 when none was
     int newPosition = 0; // the header open now
-    int count = 0;       // headers in the strip
+    int count = 0; // headers in the strip
     int newItemCount = 0; // items in the newly opened header
-    int height = 0;       // the control's inner height
+    int height = 0; // the control's inner height
     int headerHeight = 0;
     int contentHeight = 0;
 };

@@ -6,13 +6,14 @@ namespace OrrinQuiver {
 enum class HeaderSound {
     None,
     BuiltIn, // the control's own folder sound
-    Up,      // the loaded header-up sound: a header below the open one opens
-    Down,    // the loaded header-down sound: a header above the open one opens
+    Up, // the loaded header-up sound: a header below the open one opens
+    Down, // the loaded header-down sound: a header above the open one opens
 };
 
 // What the choice depends on: the control's sound switches, which sounds are
 // loaded, and where the clicked header lies.
-struct HeaderSoundInput {
+struct HeaderSoundInput
+{
     bool playSounds = true;
     bool useSystemSounds = true;
     bool builtInLoaded = false;

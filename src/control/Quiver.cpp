@@ -1,5 +1,6 @@
 #include "control/Quiver.h"
 
+#include "control/HeaderStrip.h"
 #include "control/Quiver_p.h"
 #include "control/ScriptErrors.h"
 #include "control/modQuiver.h"
@@ -10,6 +11,7 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
+#include "platform/SoundOutput.h"
 #include "serialize/XmlReader.h"
 #include "serialize/XmlWriter.h"
 
@@ -43,13 +45,6 @@ constexpr int MinScrollDelay = 10;
 constexpr int MaxScrollDelay = 2000;
 
 constexpr int InitialScrollDelay = 120;
-
-// A header bar is the measured text height plus these margins above and
-// below it (the Visual Studio style is flatter).
-constexpr int HeaderMarginTop = 4;
-constexpr int HeaderMarginBottom = 4;
-constexpr int FlatHeaderMarginTop = 1;
-constexpr int FlatHeaderMarginBottom = 2;
 
 // The pointer the header bars show unless the host sets one.
 constexpr Qt::CursorShape DefaultHeaderCursorShape = Qt::PointingHandCursor;
@@ -116,6 +111,7 @@ QTimer *makeTimer(QObject *parent, const char *name, int interval)
 
 QuiverPrivate::QuiverPrivate(Quiver *control)
     : q(control)
+    , strip(std::make_unique<HeaderStrip>(this))
 { }
 
 QuiverPrivate::~QuiverPrivate() = default;
@@ -167,14 +163,7 @@ void QuiverPrivate::redrawItemViews()
         view->relayoutItems(true);
 }
 
-void QuiverPrivate::repaintHeaderStrip(bool force)
-{
-    if (force) {
-        for (HeaderBar &bar : bars)
-            bar.drawnState = -1;
-    }
-    q->update();
-}
+void QuiverPrivate::repaintHeaderStrip(bool force) { strip->repaint(force); }
 
 void QuiverPrivate::findOpenHeader()
 {
@@ -196,23 +185,12 @@ void QuiverPrivate::findOpenHeader()
 void QuiverPrivate::layoutStrip()
 {
     findOpenHeader();
-    const int measured = QFontMetrics(q->font()).height();
-    if (measured > 0) {
-        headerHeight = style == qvStyleVisualStudio ? FlatHeaderMarginTop + measured + FlatHeaderMarginBottom
-                                                    : HeaderMarginTop + measured + HeaderMarginBottom;
-    }
-    const Header *open = headers->at(selectedPosition);
     for (Header *header : *headers) {
-        if (ItemContainer *view = viewOf(header)) {
-            // Headers move without telling their views.
+        // Headers move without telling their views.
+        if (ItemContainer *view = viewOf(header))
             view->setCollectionIndex(header->Index());
-            view->setVisible(header == open && header->Visible());
-        }
     }
-    if (headerRedraw) {
-        repaintHeaderStrip(true);
-        headerRedraw = false;
-    }
+    strip->layout();
 }
 
 int QuiverPrivate::visiblePositionFor(int requested) const
@@ -255,13 +233,16 @@ void QuiverPrivate::selectHeader(int requested)
         return;
     }
     ItemContainer *previous = openView();
+    const int previousPosition = selectedPosition;
     selectedPosition = visiblePositionFor(requested);
     ItemContainer *opened = openView();
     if (previous)
         previous->setActive(false);
     if (opened)
         opened->setActive(true);
-    layoutStrip();
+    // The selection is final now; the bars slide to their places, and the
+    // strip is laid out when they are there.
+    strip->slide(previousPosition, selectedPosition);
     if (opened && !designMode && tabStop && opened->isVisible())
         opened->setFocus();
     notify(QStringLiteral("CurrentHeader"));
@@ -353,6 +334,8 @@ ControlLink::HeaderViews QuiverPrivate::createHeaderViews(int position, const QS
     bar.view = container;
     const int barId = nextBarId++;
     bars.insert(barId, bar);
+    strip->addBar(barId, container);
+    strip->showPointer(barId, bar.pointer, bar.icon);
 
     // The first header of an empty bar, or one added while none is open,
     // becomes the open one.
@@ -377,16 +360,13 @@ void QuiverPrivate::destroyHeaderViews(int barId, bool relayout)
         view->deleteLater();
     }
     bars.erase(bar);
+    strip->removeBar(barId);
     findOpenHeader();
     if (relayout)
         layoutStrip();
 }
 
-void QuiverPrivate::redrawHeaderBar(int barId)
-{
-    if (bars.contains(barId))
-        q->update();
-}
+void QuiverPrivate::redrawHeaderBar(int barId) { strip->redraw(barId); }
 
 void QuiverPrivate::relayoutStrip() { layoutStrip(); }
 
@@ -404,8 +384,7 @@ OLE_COLOR QuiverPrivate::itemForeColor() const { return itemForeColorValue; }
 // until they exist.
 void QuiverPrivate::flashHeader(const QString &, bool) { }
 
-// Dragging headers is part of drag and drop, which the control does not offer yet.
-void QuiverPrivate::startHeaderDrag(int) { }
+void QuiverPrivate::startHeaderDrag(int barId) { strip->startDrag(barId); }
 
 // The caption editor does not exist yet; the request is ignored.
 void QuiverPrivate::startHeaderLabelEdit(const QString &) { }
@@ -817,8 +796,10 @@ void Quiver::setHeaderMouseIcon(const QVariant &picture)
         break;
     }
     d->templateBar.icon = icon;
-    for (QuiverPrivate::HeaderBar &bar : d->bars)
-        bar.icon = icon;
+    for (auto bar = d->bars.begin(); bar != d->bars.end(); ++bar) {
+        bar->icon = icon;
+        d->strip->showPointer(bar.key(), bar->pointer, icon);
+    }
     d->notify(QStringLiteral("HeaderMouseIcon"));
 }
 
@@ -827,8 +808,10 @@ int Quiver::HeaderMousePointer() const { return d->templateBar.pointer; }
 void Quiver::setHeaderMousePointer(int pointer)
 {
     d->templateBar.pointer = pointer;
-    for (QuiverPrivate::HeaderBar &bar : d->bars)
-        bar.pointer = pointer;
+    for (auto bar = d->bars.begin(); bar != d->bars.end(); ++bar) {
+        bar->pointer = pointer;
+        d->strip->showPointer(bar.key(), pointer, bar->icon);
+    }
     d->notify(QStringLiteral("HeaderMousePointer"));
 }
 

@@ -281,6 +281,17 @@ signals:
     // A persisted property changed; `name` is the property's own name.
     void PropertyChanged(const QString &name);
 
+    // Mouse input on a header bar, outside design mode. Button and Shift are
+    // bit sets (left 1, right 2, middle 4; Shift 1, Ctrl 2, Alt 4); X and Y
+    // are in the bar's own pixels. Move is raised only inside the bar and only
+    // for an enabled header.
+    void HeaderMouseDown(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    void HeaderMouseMove(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    void HeaderMouseUp(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    // An enabled header was clicked with the left button, open or not;
+    // raised before the HeaderMouseUp of the same click.
+    void HeaderClick(OrrinQuiver::Header *header);
+
 private:
     // The XML property's writer: setXML without the throw.
     void writeXml(const QString &xml);

@@ -16,7 +16,9 @@ QT_FORWARD_DECLARE_CLASS(QTimer)
 
 namespace OrrinQuiver {
 
+class HeaderStrip;
 class ItemContainer;
+class SoundOutput;
 
 // Runs `work` under the control's error convention: whatever goes wrong ends
 // the operation quietly, the work done so far stays done, and the caller gets
@@ -42,13 +44,11 @@ public:
 
     static QuiverPrivate *get(Quiver *control) { return control->d.get(); }
 
-    // One header bar. The bar is painted by the control itself; the record
-    // keeps what belongs to that bar.
+    // What the control keeps for one header bar besides the bar widget,
+    // which the header strip owns.
     struct HeaderBar
     {
         QPointer<ItemContainer> view;
-        // The look the bar was last drawn in; -1 forces the next draw.
-        int drawnState = 0;
         int pointer = MousePointer::Custom;
         QVariant icon;
     };
@@ -213,6 +213,11 @@ public:
     Sound itemSound;
     Sound headerUpSound;
     Sound headerDownSound;
+    // The bars, their layout, the slide and the bars' mouse behaviour.
+    std::unique_ptr<HeaderStrip> strip;
+    // Where click sounds go; none plays nothing.
+    std::unique_ptr<SoundOutput> soundOutput;
+
     // Declared last so that it goes first: a fetch it aborts still finds the
     // sounds in place.
     std::unique_ptr<QNetworkAccessManager> network;

@@ -5,17 +5,21 @@ target_sources(OrrinQuiver
     PRIVATE control/ScriptErrors.cpp
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES control/ScriptErrors.h)
 
-# The header strip: geometry, the slide, bar painting and bar records.
+# The header strip: bars, geometry, the slide, bar painting and bar records.
 target_sources(OrrinQuiver
     PRIVATE
         control/BarRecord.cpp
         control/BarRecord.h
         control/DrawHeader.cpp
         control/DrawHeader.h
+        control/HeaderBar.cpp
+        control/HeaderBar.h
         control/HeaderGeometry.cpp
         control/HeaderGeometry.h
         control/HeaderSound.cpp
         control/HeaderSound.h
+        control/HeaderStrip.cpp
+        control/HeaderStrip.h
         control/SlideMover.cpp
         control/SlideMover.h)
 

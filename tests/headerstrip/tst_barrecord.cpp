@@ -26,14 +26,38 @@ void tst_BarRecord::read_data()
     QTest::addColumn<QString>("tip");
     QTest::addColumn<int>("number");
 
-    QTest::newRow("empty") << "" << "0" << "0" << "0" << 0;
-    QTest::newRow("written") << "3:0;Inbox" << "3" << "0" << "Inbox" << 3;
-    QTest::newRow("tip with separators") << "12:0;a;b:c" << "12" << "0" << "a;b:c" << 12;
-    QTest::newRow("no separators") << "abc" << "" << "abc" << "" << 0;
-    QTest::newRow("no semicolon") << "3:x" << "3" << "x" << "" << 3;
-    QTest::newRow("no colon") << "3;tip" << "" << "3" << "tip" << 0;
-    QTest::newRow("semicolon first") << "a;b:c" << "a;b" << "" << "b:c" << 0;
-    QTest::newRow("index not a number") << "x:0;" << "x" << "0" << "" << 0;
+    QTest::newRow("empty") << ""
+                           << "0"
+                           << "0"
+                           << "0" << 0;
+    QTest::newRow("written") << "3:0;Inbox"
+                             << "3"
+                             << "0"
+                             << "Inbox" << 3;
+    QTest::newRow("tip with separators") << "12:0;a;b:c"
+                                         << "12"
+                                         << "0"
+                                         << "a;b:c" << 12;
+    QTest::newRow("no separators") << "abc"
+                                   << ""
+                                   << "abc"
+                                   << "" << 0;
+    QTest::newRow("no semicolon") << "3:x"
+                                  << "3"
+                                  << "x"
+                                  << "" << 3;
+    QTest::newRow("no colon") << "3;tip"
+                              << ""
+                              << "3"
+                              << "tip" << 0;
+    QTest::newRow("semicolon first") << "a;b:c"
+                                     << "a;b"
+                                     << ""
+                                     << "b:c" << 0;
+    QTest::newRow("index not a number") << "x:0;"
+                                        << "x"
+                                        << "0"
+                                        << "" << 0;
 }
 
 void tst_BarRecord::read()
@@ -59,12 +83,18 @@ void tst_BarRecord::write_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("index into empty") << "" << 1 << "4" << "4:0;0";
-    QTest::newRow("tip into empty") << "" << 3 << "Tip" << "0:0;Tip";
-    QTest::newRow("index kept tip") << "4:0;Tip" << 1 << "12" << "12:0;Tip";
-    QTest::newRow("tip with semicolon") << "4:0;old" << 3 << "a;b" << "4:0;a;b";
-    QTest::newRow("empty tip") << "4:0;old" << 3 << "" << "4:0;";
-    QTest::newRow("unknown field") << "4:0;old" << 0 << "x" << "4:0;old";
+    QTest::newRow("index into empty") << "" << 1 << "4"
+                                      << "4:0;0";
+    QTest::newRow("tip into empty") << "" << 3 << "Tip"
+                                    << "0:0;Tip";
+    QTest::newRow("index kept tip") << "4:0;Tip" << 1 << "12"
+                                    << "12:0;Tip";
+    QTest::newRow("tip with semicolon") << "4:0;old" << 3 << "a;b"
+                                        << "4:0;a;b";
+    QTest::newRow("empty tip") << "4:0;old" << 3 << ""
+                               << "4:0;";
+    QTest::newRow("unknown field") << "4:0;old" << 0 << "x"
+                                   << "4:0;old";
 }
 
 void tst_BarRecord::write()
@@ -110,7 +140,7 @@ void tst_BarRecord::sound()
     QFETCH(int, open);
     QFETCH(int, expected);
 
-    const HeaderSoundInput input{play, system, loaded, loaded, loaded, clicked, open};
+    const HeaderSoundInput input { play, system, loaded, loaded, loaded, clicked, open };
     QCOMPARE(int(chooseHeaderSound(input)), expected);
 }
 

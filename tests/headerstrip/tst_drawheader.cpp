@@ -11,9 +11,9 @@ using namespace OrrinQuiver;
 namespace {
 
 // Distinct colours, so every pixel tells which part of the bar painted it.
-const QHash<QString, QColor> Palette{
-    {"back", QColor(200, 200, 200)}, {"hl", QColor(255, 255, 255)}, {"sh", QColor(128, 128, 128)},
-    {"dk", QColor(64, 64, 64)},      {"fore", QColor(0, 0, 255)},   {"over", QColor(255, 0, 0)},
+const QHash<QString, QColor> Palette {
+    { "back", QColor(200, 200, 200) }, { "hl", QColor(255, 255, 255) }, { "sh", QColor(128, 128, 128) },
+    { "dk", QColor(64, 64, 64) },      { "fore", QColor(0, 0, 255) },   { "over", QColor(255, 0, 0) },
 };
 
 HeaderLook look(qvStyle style, int state, const QString &caption = QString(), bool enabled = true)
@@ -27,7 +27,7 @@ HeaderLook look(qvStyle style, int state, const QString &caption = QString(), bo
     l.font.setPixelSize(12);
     l.font.setStyleStrategy(QFont::NoAntialias);
     const auto ole = [](const char *name) { return toOleColor(Palette.value(QLatin1String(name))); };
-    l.colors = {ole("back"), ole("fore"), ole("over"), ole("hl"), ole("sh"), ole("dk")};
+    l.colors = { ole("back"), ole("fore"), ole("over"), ole("hl"), ole("sh"), ole("dk") };
     return l;
 }
 
@@ -80,7 +80,8 @@ void tst_DrawHeader::edges_data()
     QTest::addColumn<QPoint>("at");
     QTest::addColumn<QString>("expected");
 
-    struct Probe {
+    struct Probe
+    {
         const char *name;
         QPoint at;
         const char *color;
@@ -88,22 +89,24 @@ void tst_DrawHeader::edges_data()
     // A 40 x 20 bar: the last column is 39, the last row 19. The line
     // drawing leaves out each segment's end point, so corners belong to the
     // segment that starts there.
-    const QList<Probe> normal{{"top-left", {0, 0}, "hl"},       {"top end", {38, 0}, "hl"},
-                              {"top-right", {39, 0}, "sh"},     {"bottom-left", {0, 19}, "hl"},
-                              {"bottom row", {1, 19}, "sh"},    {"bottom-right", {39, 19}, "sh"},
-                              {"inside", {1, 1}, "back"},       {"inside far", {38, 18}, "back"}};
-    const QList<Probe> hot{{"top-left", {0, 0}, "hl"},          {"top-right", {39, 0}, "dk"},
-                           {"bottom-left", {0, 19}, "hl"},      {"bottom row", {1, 19}, "dk"},
-                           {"inner right", {38, 1}, "sh"},      {"inner corner", {38, 18}, "sh"},
-                           {"inner bottom", {2, 18}, "sh"},     {"inner end left out", {1, 18}, "back"},
-                           {"inside", {37, 17}, "back"}};
-    const QList<Probe> pressed{{"top-left", {0, 0}, "dk"},      {"top-right", {39, 0}, "hl"},
-                               {"bottom-left", {0, 19}, "dk"},  {"bottom row", {1, 19}, "hl"},
-                               {"inner corner", {1, 1}, "sh"},  {"inner left", {1, 18}, "sh"},
-                               {"inner top", {37, 1}, "sh"},    {"inner end left out", {38, 1}, "back"},
-                               {"inside", {2, 2}, "back"}};
+    const QList<Probe> normal { { "top-left", { 0, 0 }, "hl" },    { "top end", { 38, 0 }, "hl" },
+                                { "top-right", { 39, 0 }, "sh" },  { "bottom-left", { 0, 19 }, "hl" },
+                                { "bottom row", { 1, 19 }, "sh" }, { "bottom-right", { 39, 19 }, "sh" },
+                                { "inside", { 1, 1 }, "back" },    { "inside far", { 38, 18 }, "back" } };
+    const QList<Probe> hot { { "top-left", { 0, 0 }, "hl" },      { "top-right", { 39, 0 }, "dk" },
+                             { "bottom-left", { 0, 19 }, "hl" },  { "bottom row", { 1, 19 }, "dk" },
+                             { "inner right", { 38, 1 }, "sh" },  { "inner corner", { 38, 18 }, "sh" },
+                             { "inner bottom", { 2, 18 }, "sh" }, { "inner end left out", { 1, 18 }, "back" },
+                             { "inside", { 37, 17 }, "back" } };
+    const QList<Probe> pressed {
+        { "top-left", { 0, 0 }, "dk" },     { "top-right", { 39, 0 }, "hl" },
+        { "bottom-left", { 0, 19 }, "dk" }, { "bottom row", { 1, 19 }, "hl" },
+        { "inner corner", { 1, 1 }, "sh" }, { "inner left", { 1, 18 }, "sh" },
+        { "inner top", { 37, 1 }, "sh" },   { "inner end left out", { 38, 1 }, "back" },
+        { "inside", { 2, 2 }, "back" }
+    };
     const auto add = [](const char *look, qvStyle style, int state, const QList<Probe> &probes) {
-        for (qreal dpr : {1.0, 2.0})
+        for (qreal dpr : { 1.0, 2.0 })
             for (const Probe &probe : probes)
                 QTest::addRow("%s, %s, dpr %g", look, probe.name, dpr)
                     << int(style) << state << dpr << probe.at << QString::fromLatin1(probe.color);
@@ -160,7 +163,7 @@ void tst_DrawHeader::textColor()
         for (int x = 2; x < 78; ++x)
             colors.insert(image.pixel(x, y));
     colors.remove(Palette.value("back").rgb());
-    QCOMPARE(colors, QSet<QRgb>{Palette.value(expected).rgb()});
+    QCOMPARE(colors, QSet<QRgb> { Palette.value(expected).rgb() });
 }
 
 void tst_DrawHeader::captionPlacement_data()
@@ -208,7 +211,8 @@ void tst_DrawHeader::pressAndTextTop()
              bounds(qvStyleVisualStudio, HeaderNormal).translated(1, 1));
     QCOMPARE(bounds(qvStyleOutlook, HeaderPressed), bounds(qvStyleOutlook, HeaderNormal));
     // The framed bars start their caption two pixels lower.
-    QCOMPARE(bounds(qvStyleOutlook, HeaderNormal), bounds(qvStyleVisualStudio, HeaderNormal).translated(0, 2));
+    QCOMPARE(bounds(qvStyleOutlook, HeaderNormal),
+             bounds(qvStyleVisualStudio, HeaderNormal).translated(0, 2));
 }
 
 void tst_DrawHeader::crispAtDoubleDensity()
@@ -227,8 +231,8 @@ void tst_DrawHeader::crispAtDoubleDensity()
     for (int y = doubled.top() & ~1; y <= doubled.bottom() && !finerThanBlocks; y += 2)
         for (int x = doubled.left() & ~1; x <= doubled.right() && !finerThanBlocks; x += 2) {
             const QRgb c = twice.pixel(x, y);
-            finerThanBlocks = twice.pixel(x + 1, y) != c || twice.pixel(x, y + 1) != c
-                || twice.pixel(x + 1, y + 1) != c;
+            finerThanBlocks
+                = twice.pixel(x + 1, y) != c || twice.pixel(x, y + 1) != c || twice.pixel(x + 1, y + 1) != c;
         }
     QVERIFY(finerThanBlocks);
 }

@@ -9,13 +9,14 @@
 class RecordingSoundOutput : public OrrinQuiver::SoundOutput
 {
 public:
-    struct Sound {
-        QByteArray wave;  // the data of a played wave
-        QString event;    // the name of a played desktop event sound
+    struct Sound
+    {
+        QByteArray wave; // the data of a played wave
+        QString event; // the name of a played desktop event sound
     };
 
-    void playWave(const QByteArray &wave) override { played.append({wave, QString()}); }
-    void playEvent(const QString &name) override { played.append({QByteArray(), name}); }
+    void playWave(const QByteArray &wave) override { played.append({ wave, QString() }); }
+    void playEvent(const QString &name) override { played.append({ QByteArray(), name }); }
 
     QList<Sound> played;
 };

@@ -1,0 +1,61 @@
+// The cost of opening another header: the selection, the slide (without
+// animation, as with SmoothScroll off) and the layout and repaint of the
+// strip that follow, with 10 or 100,000 items in the header that opens. The
+// goal is the same cost for both: nothing in a switch may walk the items.
+
+#include "control/Quiver.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Items.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QApplication>
+
+#include <benchmark/benchmark.h>
+
+using namespace OrrinQuiver;
+
+namespace {
+
+constexpr int BarWidth = 200;
+constexpr int BarHeight = 480;
+
+void HeaderSwitch(benchmark::State &state)
+{
+    Quiver q;
+    q.InitProperties();
+    q.setSmoothScroll(false);
+    Header *full = q.Headers()->Add(0, QString(), QStringLiteral("Full"));
+    q.Headers()->Add(0, QString(), QStringLiteral("Last"));
+    Items *items = full->Items();
+    for (int64_t i = 0; i < state.range(0); ++i)
+        items->Add(0, QString(), QStringLiteral("Item %1").arg(i));
+    q.resize(BarWidth, BarHeight);
+    q.show();
+    QCoreApplication::processEvents();
+
+    Header *first = q.Headers()->at(1);
+    bool open = false;
+    for (auto _ : state) {
+        // One switch per iteration, alternating between the first header and
+        // the full one, each followed by the repaint it causes.
+        (open ? first : full)->setSelected(true);
+        open = !open;
+        QCoreApplication::processEvents();
+    }
+    state.SetLabel(std::to_string(state.range(0)) + " items");
+}
+BENCHMARK(HeaderSwitch)->Arg(10)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
