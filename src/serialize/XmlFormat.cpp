@@ -5,15 +5,9 @@
 
 namespace OrrinQuiver::XmlFormat {
 
-int currentVersion()
-{
-    return QUIVER_VERSION_MAJOR * 100 + QUIVER_VERSION_MINOR * 10 + QUIVER_VERSION_PATCH;
-}
+int currentVersion() { return QUIVER_VERSION_MAJOR * 100 + QUIVER_VERSION_MINOR * 10 + QUIVER_VERSION_PATCH; }
 
-const char *booleanText(bool value)
-{
-    return value ? "True" : "False";
-}
+const char *booleanText(bool value) { return value ? "True" : "False"; }
 
 std::optional<bool> parseBoolean(QStringView text)
 {
@@ -43,7 +37,8 @@ std::optional<qint32> parseLong(QStringView text)
         return std::nullopt;
     // nearbyint rounds in the current mode, which is to nearest, ties to even.
     const double rounded = std::nearbyint(*number);
-    if (rounded < double(std::numeric_limits<qint32>::min()) || rounded > double(std::numeric_limits<qint32>::max()))
+    if (rounded < double(std::numeric_limits<qint32>::min())
+        || rounded > double(std::numeric_limits<qint32>::max()))
         return std::nullopt;
     return qint32(rounded);
 }

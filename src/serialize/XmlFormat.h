@@ -44,7 +44,8 @@ enum class StyleValue {
 // Which object holds a style attribute's property.
 enum class StyleTarget { Control, Navigation };
 
-struct StyleAttribute {
+struct StyleAttribute
+{
     const char *name;
     const char *property;
     StyleValue value;
@@ -53,43 +54,43 @@ struct StyleAttribute {
 
 // The style attributes of a control document's root, in the order they are
 // written; readers match the names exactly (case-sensitive).
-inline constexpr std::array<StyleAttribute, 35> StyleAttributes = {{
-    {"font-family", "Font", StyleValue::FontFamily},
-    {"font-size", "Font", StyleValue::FontSize},
-    {"backcolor", "BackColor", StyleValue::Color},
-    {"shadowcolor", "ShadowColor", StyleValue::Color},
-    {"highlightcolor", "HighlightColor", StyleValue::Color},
-    {"headerbackcolor", "HeaderBackColor", StyleValue::Color},
-    {"headerforecolor", "HeaderForeColor", StyleValue::Color},
-    {"checkcolor", "CheckColor", StyleValue::Color},
-    {"dkshadowcolor", "DkShadowColor", StyleValue::Color},
-    {"headeroverforecolor", "HeaderOverForeColor", StyleValue::Color},
-    {"itemdownbackcolor", "ItemDownBackColor", StyleValue::Color},
-    {"itemdownforecolor", "ItemDownForeColor", StyleValue::Color},
-    {"itemforecolor", "ItemForeColor", StyleValue::Color},
-    {"itemoverbackcolor", "ItemOverBackColor", StyleValue::Color},
-    {"itemoverforecolor", "ItemOverForeColor", StyleValue::Color},
-    {"defaultmaskcolor", "DefaultMaskColor", StyleValue::Color},
-    {"style", "Style", StyleValue::Number},
-    {"playsounds", "PlaySounds", StyleValue::Boolean},
-    {"oledrag", "OLEDragMode", StyleValue::Number},
-    {"oledrop", "OLEDropMode", StyleValue::Number},
-    {"scroll", "ScrollDelay", StyleValue::Number},
-    {"smooth", "SmoothScroll", StyleValue::Boolean},
-    {"tooltips", "ShowToolTips", StyleValue::Boolean},
-    {"snditemurl", "SoundItemURL", StyleValue::Text},
-    {"sndhdrupurl", "SoundHeaderUpURL", StyleValue::Text},
-    {"sndhdrdownurl", "SoundHeaderDownURL", StyleValue::Text},
-    {"navtrack", "Enabled", StyleValue::Boolean, StyleTarget::Navigation},
-    {"syssounds", "UseSystemSounds", StyleValue::Boolean},
-    {"autowheel", "AutoMouseWheel", StyleValue::Boolean},
-    {"alwaysshowfirsthdr", "AlwaysShowFirstHeader", StyleValue::Boolean},
-    {"moveclick", "ItemsMoveWithClick", StyleValue::Boolean},
-    {"staydown", "ItemsStayDownWithClick", StyleValue::Boolean},
-    {"underlineonmove", "ItemsUnderlineOnMove", StyleValue::Boolean},
-    {"icons", "Icons", StyleValue::ImageList},
-    {"smallicons", "SmallIcons", StyleValue::ImageList},
-}};
+inline constexpr std::array<StyleAttribute, 35> StyleAttributes = { {
+    { "font-family", "Font", StyleValue::FontFamily },
+    { "font-size", "Font", StyleValue::FontSize },
+    { "backcolor", "BackColor", StyleValue::Color },
+    { "shadowcolor", "ShadowColor", StyleValue::Color },
+    { "highlightcolor", "HighlightColor", StyleValue::Color },
+    { "headerbackcolor", "HeaderBackColor", StyleValue::Color },
+    { "headerforecolor", "HeaderForeColor", StyleValue::Color },
+    { "checkcolor", "CheckColor", StyleValue::Color },
+    { "dkshadowcolor", "DkShadowColor", StyleValue::Color },
+    { "headeroverforecolor", "HeaderOverForeColor", StyleValue::Color },
+    { "itemdownbackcolor", "ItemDownBackColor", StyleValue::Color },
+    { "itemdownforecolor", "ItemDownForeColor", StyleValue::Color },
+    { "itemforecolor", "ItemForeColor", StyleValue::Color },
+    { "itemoverbackcolor", "ItemOverBackColor", StyleValue::Color },
+    { "itemoverforecolor", "ItemOverForeColor", StyleValue::Color },
+    { "defaultmaskcolor", "DefaultMaskColor", StyleValue::Color },
+    { "style", "Style", StyleValue::Number },
+    { "playsounds", "PlaySounds", StyleValue::Boolean },
+    { "oledrag", "OLEDragMode", StyleValue::Number },
+    { "oledrop", "OLEDropMode", StyleValue::Number },
+    { "scroll", "ScrollDelay", StyleValue::Number },
+    { "smooth", "SmoothScroll", StyleValue::Boolean },
+    { "tooltips", "ShowToolTips", StyleValue::Boolean },
+    { "snditemurl", "SoundItemURL", StyleValue::Text },
+    { "sndhdrupurl", "SoundHeaderUpURL", StyleValue::Text },
+    { "sndhdrdownurl", "SoundHeaderDownURL", StyleValue::Text },
+    { "navtrack", "Enabled", StyleValue::Boolean, StyleTarget::Navigation },
+    { "syssounds", "UseSystemSounds", StyleValue::Boolean },
+    { "autowheel", "AutoMouseWheel", StyleValue::Boolean },
+    { "alwaysshowfirsthdr", "AlwaysShowFirstHeader", StyleValue::Boolean },
+    { "moveclick", "ItemsMoveWithClick", StyleValue::Boolean },
+    { "staydown", "ItemsStayDownWithClick", StyleValue::Boolean },
+    { "underlineonmove", "ItemsUnderlineOnMove", StyleValue::Boolean },
+    { "icons", "Icons", StyleValue::ImageList },
+    { "smallicons", "SmallIcons", StyleValue::ImageList },
+} };
 
 // "True" or "False", the object model's text for a Boolean.
 const char *booleanText(bool value);

@@ -30,10 +30,7 @@ QuiverError invalidContent()
     return QuiverError(qvErrorXMLInvalidContent, QStringLiteral("Invalid XML content supplied"));
 }
 
-QString text(const pugi::xml_attribute &attribute)
-{
-    return QString::fromUtf8(attribute.value());
-}
+QString text(const pugi::xml_attribute &attribute) { return QString::fromUtf8(attribute.value()); }
 
 // Parses `utf8` in place (the document points into it) and returns its root
 // element; throws when the text holds no control document root.
@@ -60,7 +57,8 @@ pugi::xml_node loadRoot(pugi::xml_document &document, QByteArray &utf8)
 // How an attribute's text becomes the value of a header or item property.
 enum class Conversion { Text, Boolean, Integer, Real };
 
-struct PropertySlot {
+struct PropertySlot
+{
     QMetaProperty property;
     Conversion conversion;
 };
@@ -104,7 +102,7 @@ public:
             if (!property.isWritable())
                 continue;
             if (const auto conversion = conversionFor(property.metaType()))
-                m_slots.push_back({property, *conversion});
+                m_slots.push_back({ property, *conversion });
         }
     }
 

@@ -36,7 +36,8 @@ public:
 };
 
 // The control's values that decide which optional attributes an item gets.
-struct ItemDefaults {
+struct ItemDefaults
+{
     OLE_COLOR foreColor = 0;
     OLE_COLOR maskColor = 0;
     bool bold = false;
@@ -79,7 +80,7 @@ public:
 
 private:
     pugi::xml_document m_document;
-    QStringEncoder m_encoder{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
+    QStringEncoder m_encoder { QStringEncoder::Utf8, QStringEncoder::Flag::Stateless };
     QByteArray m_utf8;
 };
 

@@ -16,24 +16,25 @@ constexpr quint32 HighestSystemColorIndex = 0xFF;
 // Only this many trailing characters of a colour text carry the colour.
 constexpr qsizetype ColorTextDigits = 6;
 
-struct NamedColor {
+struct NamedColor
+{
     QStringView name;
     QStringView hex;
 };
 
 // The colour names the reader knows. "green" is the pure green 00FF00 on
 // purpose: documents written for this control have always meant that.
-constexpr std::array<NamedColor, 9> NamedColors = {{
-    {u"white", u"FFFFFF"},
-    {u"black", u"000000"},
-    {u"red", u"FF0000"},
-    {u"green", u"00FF00"},
-    {u"blue", u"0000FF"},
-    {u"yellow", u"FFFF00"},
-    {u"magenta", u"FF00FF"},
-    {u"cyan", u"00FFFF"},
-    {u"silver", u"C0C0C0"},
-}};
+constexpr std::array<NamedColor, 9> NamedColors = { {
+    { u"white", u"FFFFFF" },
+    { u"black", u"000000" },
+    { u"red", u"FF0000" },
+    { u"green", u"00FF00" },
+    { u"blue", u"0000FF" },
+    { u"yellow", u"FFFF00" },
+    { u"magenta", u"FF00FF" },
+    { u"cyan", u"00FFFF" },
+    { u"silver", u"C0C0C0" },
+} };
 
 quint32 resolveSystemColor(OLE_COLOR color, const QPalette &palette)
 {
@@ -45,10 +46,7 @@ quint32 resolveSystemColor(OLE_COLOR color, const QPalette &palette)
     return toOleColor(translateColor(color, palette));
 }
 
-QString twoDigitHex(quint32 part)
-{
-    return QString::number(part, 16).toUpper().rightJustified(2, u'0');
-}
+QString twoDigitHex(quint32 part) { return QString::number(part, 16).toUpper().rightJustified(2, u'0'); }
 
 bool isHexDigit(QChar c)
 {

@@ -23,16 +23,15 @@ inline QString fixture(const QString &name)
     return QString::fromUtf8(file.readAll());
 }
 
-// Every element of a document as "name attribute=value ...", attributes in
-// document order.
+// Every element as "name attribute=value ...", attributes in document order.
 inline QStringList elementLines(const QString &xml)
 {
     QStringList lines;
     QXmlStreamReader reader(xml);
-    while (reader.readNext() != QXmlStreamReader::Invalid && !reader.atEnd()) {
-        if (!reader.isStartElement())
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
-        QStringList parts{reader.name().toString()};
+        QStringList parts { reader.name().toString() };
         for (const QXmlStreamAttribute &attribute : reader.attributes())
             parts << QStringLiteral("%1=%2").arg(attribute.name(), attribute.value());
         lines << parts.join(u' ');
@@ -40,65 +39,54 @@ inline QStringList elementLines(const QString &xml)
     return lines;
 }
 
-// The number and description of the QuiverError that `call` throws; 0 when
-// it throws none.
+// The number and description of the QuiverError `call` throws; 0 for none.
 inline std::pair<int, QString> errorOf(const std::function<void()> &call)
 {
     try {
         call();
     } catch (const OrrinQuiver::QuiverError &error) {
-        return {error.Number(), error.Description()};
+        return { error.Number(), error.Description() };
     }
-    return {0, QString()};
+    return { 0, QString() };
 }
 
-// What a host sees of a member: key, caption and Index, then whatever is not
-// as Add left it.
-template<typename Member>
-QStringList commonParts(const Member &member)
-{
-    QStringList parts{member.Key(), member.Caption(), QString::number(member.Index())};
-    if (!member.Enabled())
-        parts << QStringLiteral("disabled");
-    if (!member.Visible())
-        parts << QStringLiteral("hidden");
-    if (member.ToolTipText() != member.Caption())
-        parts << QStringLiteral("tip=") + member.ToolTipText();
-    if (!member.Tag().toString().isEmpty())
-        parts << QStringLiteral("tag=") + member.Tag().toString();
-    if (member.Selected())
-        parts << QStringLiteral("selected");
-    if (!member.isLive())
-        parts << QStringLiteral("not live");
-    return parts;
-}
-
-// One line per header ("H ...") and item ("I ..."), in position order.
+// One line per header ("H") and item ("I"): key, caption, Index, then what
+// differs from a member as Add made it.
 inline QStringList outline(const OrrinQuiver::Quiver &quiver)
 {
     QStringList lines;
+    const auto line = [&lines](const char *kind, const auto &member, QStringList more) {
+        QStringList parts { QLatin1String(kind), member.Key(), member.Caption(),
+                            QString::number(member.Index()) };
+        const QString tag = member.Tag().toString();
+        for (const auto &[on, text] :
+             { std::pair { !member.Enabled(), QStringLiteral("disabled") },
+               { !member.Visible(), QStringLiteral("hidden") },
+               { member.ToolTipText() != member.Caption(), "tip=" + member.ToolTipText() },
+               { !tag.isEmpty(), "tag=" + tag },
+               { member.Selected(), QStringLiteral("selected") },
+               { !member.isLive(), QStringLiteral("not live") } }) {
+            if (on)
+                parts << text;
+        }
+        lines << (parts + more).join(u' ');
+    };
     for (const OrrinQuiver::Header *header : *quiver.Headers()) {
-        QStringList parts = commonParts(*header);
-        if (header->View() != OrrinQuiver::qvViewLargeIcons)
-            parts << QStringLiteral("small view");
-        lines << QStringLiteral("H ") + parts.join(u' ');
+        line("H", *header, header->View() ? QStringList { "small view" } : QStringList());
         for (const OrrinQuiver::Item *item : *header->Items()) {
-            parts = commonParts(*item);
+            QStringList more;
             if (item->ForeColor() != quiver.ItemForeColor())
-                parts << QStringLiteral("fore=%1").arg(item->ForeColor(), 0, 16);
+                more << QStringLiteral("fore=%1").arg(item->ForeColor(), 0, 16);
             if (item->MaskColor() != quiver.DefaultMaskColor())
-                parts << QStringLiteral("mask=%1").arg(item->MaskColor(), 0, 16);
+                more << QStringLiteral("mask=%1").arg(item->MaskColor(), 0, 16);
             if (item->Bold())
-                parts << QStringLiteral("bold");
-            for (const QVariant &icon : {item->Icon(), item->SmallIcon()}) {
-                if (!icon.toString().isEmpty())
-                    parts << QStringLiteral("icon=") + icon.toString();
+                more << QStringLiteral("bold");
+            for (const QString &name : { item->Icon().toString(), item->SmallIcon().toString(),
+                                         item->URLIcon(), item->URLSmallIcon() }) {
+                if (!name.isEmpty())
+                    more << "icon=" + name;
             }
-            for (const QString &url : {item->URLIcon(), item->URLSmallIcon()}) {
-                if (!url.isEmpty())
-                    parts << QStringLiteral("url=") + url;
-            }
-            lines << QStringLiteral("I ") + parts.join(u' ');
+            line("I", *item, more);
         }
     }
     return lines;
