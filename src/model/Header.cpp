@@ -56,6 +56,7 @@ ControlLink *Header::control() const
 void Header::storeIndex(int value)
 {
     d->index = value;
+    d->indexMayLag = false;
 }
 
 void Header::storeKey(const QString &value)

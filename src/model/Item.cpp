@@ -71,12 +71,6 @@ ControlLink *Item::control() const
     return m_collection ? m_collection->control() : nullptr;
 }
 
-void Item::storeIndex(int value)
-{
-    m_index = value;
-    m_needsMeasure = true;
-}
-
 void Item::storeKey(const QString &value)
 {
     m_key = value;
@@ -144,13 +138,13 @@ QString Item::Caption() const
 void Item::setCaption(const QString &value)
 {
     const bool toolTipFollows = m_toolTipIsCaption;
-    const QString old = m_caption;
-    m_caption = value;
+    QString caption = value;
     // A caption is one line: every CR LF pair goes, lone CRs and LFs stay.
-    if (m_caption.contains(QLatin1String("\r\n")))
-        m_caption.remove(QLatin1String("\r\n"));
+    if (caption.contains(QLatin1String("\r\n")))
+        caption.remove(QLatin1String("\r\n"));
     if (m_collection)
-        m_collection->d->list.captionChanged(old, m_caption);
+        m_collection->d->list.captionChanged(m_caption, caption);
+    m_caption = std::move(caption);
     if (!toolTipFollows && m_extra && m_extra->toolTip == m_caption) {
         // The separate tool tip now equals the caption, so from here on it follows.
         m_extra->toolTip.clear();
@@ -270,7 +264,9 @@ void Item::setIndex(int value)
         // Held back by the XML reader: the number is stored, not moved to.
         m_indexMayLag = true;
     }
-    storeIndex(index);
+    // Stored as it is: the collection has marked whether it lags the position.
+    m_index = index;
+    m_needsMeasure = true;
     relayoutIfShown();
 }
 

@@ -153,7 +153,13 @@ private:
     ItemExtra &extra();
     ItemViewLink *itemView() const;
     ControlLink *control() const;
-    void storeIndex(int value);
+    // Renumbering runs this over every later member: keep it inline.
+    void storeIndex(int value)
+    {
+        m_index = value;
+        m_needsMeasure = true;
+        m_indexMayLag = false;
+    }
     void storeKey(const QString &value);
     void storeGeneratedKey(quint32 number);
     QStringView keyText(std::array<char16_t, 32> &buffer) const;

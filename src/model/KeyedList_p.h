@@ -97,8 +97,8 @@ private:
 // collections that are only filled and shown never pay for the count.
 //
 // T provides Key(), keyText(KeyBuffer &) (the key as a view, possibly into
-// the buffer), Caption(), Index(), storeIndex(int), storeKey(QString) and
-// setIndexMayLag(bool).
+// the buffer), Caption(), Index(), storeIndex(int) (which also clears the
+// lag mark), storeKey(QString) and setIndexMayLag(bool).
 template<typename T>
 class KeyedList
 {
@@ -213,7 +213,9 @@ public:
             const std::optional<int> position = toPosition(lookup.number);
             return position ? at(*position) : nullptr;
         }
-        return exists(lookup) ? withKey(lookup.text) : nullptr;
+        // exists() and then the key probe, with the caption test made once.
+        const int index = indexOfCaption(lookup.text);
+        return index == -1 || at(index) ? withKey(lookup.text) : nullptr;
     }
 
     // Index = position from `position` to Count, only when Count > position.
@@ -231,11 +233,8 @@ public:
         }
         if (n <= position || position < 1)
             return n + 1;
-        for (int p = position; p <= n; ++p) {
-            T *member = m_members[size_t(p - 1)];
-            member->storeIndex(p);
-            member->setIndexMayLag(false);
-        }
+        for (int p = position; p <= n; ++p)
+            m_members[size_t(p - 1)]->storeIndex(p);
         return position;
     }
 

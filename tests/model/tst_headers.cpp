@@ -178,6 +178,7 @@ void tst_Headers::clear()
     QCOMPARE(headers->Count(), 0);
     headers->Clear();
     QCOMPARE(control.take(), QStringList());
+    CHECK_MODEL(*headers);
 }
 
 void tst_Headers::visible_data()
@@ -206,6 +207,7 @@ void tst_Headers::visible()
     headers->at(position)->setVisible(value);
     QCOMPARE(headers->at(position)->Visible(), value);
     QCOMPARE(control.take(), calls);
+    CHECK_MODEL(*headers);
 }
 
 void tst_Headers::setters_data()
@@ -271,6 +273,7 @@ void tst_Headers::methods()
     control.selected = header;
     QVERIFY(header->Selected());
     QVERIFY(!headers->at(1)->Selected());
+    CHECK_MODEL(*headers);
 }
 
 void tst_Headers::keys()

@@ -122,7 +122,9 @@ void tst_Items::generatedKeys()
     QCOMPARE(alone.Add(0, QStringLiteral("new_item00004")) != nullptr, true);
     QCOMPARE(alone.Add(), nullptr);
     QCOMPARE(alone.Add(0, QStringLiteral("NEW_ITEM00003")), nullptr);
-    QCOMPARE(alone.Count(), 2);
+    QVERIFY(alone.Add(0, QStringLiteral("\u00C9mile")));
+    QCOMPARE(alone.Add(0, QStringLiteral("\u00E9MILE")), nullptr);
+    QCOMPARE(alone.Count(), 3);
     CHECK_ITEMS(alone);
     for (int i = 5; i < 99999; ++i)
         alone.NextKey();
@@ -162,6 +164,7 @@ void tst_Items::lookups()
     QCOMPARE(items->Exists(index), exists);
     Item *item = items->Item(index);
     QCOMPARE(item ? item->Key() : QString(), found);
+    CHECK_ITEMS(*items);
 }
 
 void tst_Items::remove_data()
@@ -403,6 +406,7 @@ void tst_Items::ensureVisible()
     items->at(position)->EnsureVisible();
     QCOMPARE(view.first, expectedFirst);
     QCOMPARE(view.take().size(), steps);
+    CHECK_ITEMS(*items);
 }
 
 void tst_Items::childWindow()
@@ -428,6 +432,12 @@ void tst_Items::childWindow()
                                          "moveChildWindow(42,95,45,30,20)", "removeItemWindow(2)",
                                          "relayoutItems(true)" }));
     QCOMPARE(item->ChildhWnd(), quintptr(0));
+    // A window that had no parent is not given back.
+    items->at(1)->setChildhWnd(43);
+    items->Remove(1);
+    QCOMPARE(view.take(), (QStringList { "hostChildWindow(1,43)", "moveChildWindow(43,0,0,0,0)",
+                                         "relayoutItems(false)", "removeItemWindow(1)", "relayoutItems(true)" }));
+    CHECK_ITEMS(*items);
 }
 
 QTEST_GUILESS_MAIN(tst_Items)
