@@ -1,0 +1,155 @@
+#include "control/Quiver.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+#include "model/Navigation.h"
+#include "ui_navigation.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QPluginLoader>
+#include <QtCore/QXmlStreamReader>
+#include <QtTest/QTest>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
+#include <QtUiTools/QUiLoader>
+
+#include <memory>
+
+using namespace OrrinQuiver;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString QuiverClass = QString::fromLatin1(Quiver::staticMetaObject.className());
+
+// How a host without the Designer plugin loads a form: it makes the control itself.
+class HostLoader : public QUiLoader
+{
+public:
+    QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override
+    {
+        if (className != QuiverClass)
+            return QUiLoader::createWidget(className, parent, name);
+        auto *control = new Quiver(parent);
+        control->setObjectName(name);
+        return control;
+    }
+};
+
+std::unique_ptr<QWidget> load(QUiLoader &loader)
+{
+    QFile file(qEnvironmentVariable("QUIVER_TEST_DATA") + u"/fixtures/navigation.ui"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return std::unique_ptr<QWidget>(loader.load(&file));
+}
+
+// The value of the one <string> property called `name` in a form's XML.
+QString stringProperty(const QString &xml, const QString &name)
+{
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isStartElement() && reader.name() == u"property"
+            && reader.attributes().value(u"name"_s) == name) {
+            reader.readNextStartElement();
+            return reader.readElementText();
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+class tst_FormFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void load_data();
+    void load();
+    void plugin();
+};
+
+void tst_FormFile::load_data()
+{
+    QTest::addColumn<QString>("loader");
+    QTest::newRow("uic") << u"uic"_s;
+    QTest::newRow("QUiLoader") << u"host"_s;
+    QTest::newRow("QUiLoader with the plugin") << u"plugin"_s;
+}
+
+void tst_FormFile::load()
+{
+    QFETCH(QString, loader);
+
+    std::unique_ptr<QWidget> form;
+    if (loader == u"uic") {
+        form = std::make_unique<QWidget>();
+        Ui::NavigationForm().setupUi(form.get());
+    } else if (loader == u"host") {
+        HostLoader host;
+        form = ::load(host);
+    } else {
+        QUiLoader withPlugin;
+        withPlugin.clearPluginPaths();
+        withPlugin.addPluginPath(QStringLiteral(QUIVER_DESIGNER_PLUGIN_DIR));
+        QVERIFY(withPlugin.availableWidgets().contains(QuiverClass));
+        form = ::load(withPlugin);
+    }
+    QVERIFY(form);
+    auto *quiver = form->findChild<Quiver *>(u"quiver"_s);
+    QVERIFY(quiver);
+    QVERIFY(!quiver->DesignMode());
+
+    QCOMPARE(quiver->Style(), qvStyleOutlookXP);
+    QCOMPARE(quiver->BackColor(), OLE_COLOR(0x00A0B0C0));
+    QVERIFY(!quiver->PlaySounds());
+    QCOMPARE(quiver->ScrollDelay(), 250);
+    QCOMPARE(quiver->OLEDropMode(), qvOLEDropHeadersItems);
+    QVERIFY(quiver->Navigation()->Enabled());
+    QCOMPARE(quiver->Headers()->Count(), 3);
+    QStringList captions;
+    for (const Header *header : *quiver->Headers())
+        captions << header->Caption() + u':' + QString::number(header->Items()->Count());
+    QCOMPARE(captions, QStringList({u"Mail:3"_s, u"Calendar:0"_s, u"Contacts:2"_s}));
+    const Header *calendar = quiver->Headers()->at(2);
+    QVERIFY(!calendar->Enabled());
+    QCOMPARE(calendar->View(), qvViewSmallIcons);
+    QCOMPARE(calendar->ToolTipText(), u"Dates & times"_s);
+    const OrrinQuiver::Items *mail = quiver->Headers()->at(1)->Items();
+    QCOMPARE(mail->at(1)->Icon().toString(), u"inbox"_s);
+    QCOMPARE(mail->at(2)->URLIcon(), u"https://example.invalid/outbox.png"_s);
+    QVERIFY(!mail->at(3)->Visible());
+    QCOMPARE(quiver->SelectedHeader(), quiver->Headers()->at(3));
+    QCOMPARE(quiver->SelectedItem()->Caption(), u"Work"_s);
+    QCOMPARE(quiver->SelectedItem()->Tag().toString(), u"office"_s);
+}
+
+void tst_FormFile::plugin()
+{
+    QPluginLoader loader(QStringLiteral(QUIVER_DESIGNER_PLUGIN_DIR) + u"/libOrrinQuiverDesigner.so"_s);
+    auto *plugin = qobject_cast<QDesignerCustomWidgetInterface *>(loader.instance());
+    QVERIFY2(plugin, qPrintable(loader.errorString()));
+    QCOMPARE(plugin->name(), QuiverClass);
+    QCOMPARE(plugin->includeFile(), u"control/Quiver.h"_s);
+    QVERIFY(!plugin->icon().isNull());
+    QVERIFY(!plugin->toolTip().isEmpty());
+    QVERIFY(!plugin->isContainer());
+
+    // A control placed from the widget box starts as a new control does.
+    Quiver fresh;
+    fresh.InitProperties();
+    const QString placed = stringProperty(plugin->domXml(), u"PropertyBagText"_s);
+    QCOMPARE(placed, fresh.PropertyBagText());
+
+    // Outside a Designer form (a preview, a running program) the control is in user mode.
+    QWidget parent;
+    auto *made = qobject_cast<Quiver *>(plugin->createWidget(&parent));
+    QVERIFY(made);
+    QVERIFY(!made->DesignMode());
+    QCOMPARE(made->Headers()->Count(), 0);
+}
+
+QTEST_MAIN(tst_FormFile)
+#include "tst_formfile.moc"
