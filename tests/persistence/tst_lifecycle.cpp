@@ -1,0 +1,183 @@
+#include "control/Quiver.h"
+#include "control/Quiver_p.h"
+#include "control/modQuiver.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+#include "model/Navigation.h"
+#include "serialize/MemoryPropertyBag.h"
+
+#include <QtCore/QTemporaryFile>
+#include <QtCore/QTimer>
+#include <QtCore/QUrl>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+#include <memory>
+
+using namespace OrrinQuiver;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QVariantMap TwoItems{{u"NumHeaders"_s, 1}, {u"Caption1"_s, u"Mail"_s}, {u"Header1Items"_s, 2},
+                           {u"Header1Item1Caption"_s, u"Inbox"_s}, {u"Header1Item2Caption"_s, u"Sent"_s},
+                           {u"TrackNavigation"_s, true}, {u"CurrentItem"_s, 2}};
+
+} // namespace
+
+class tst_Lifecycle : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void resize_data();
+    void resize();
+    void showRecordsTheOpenItem_data();
+    void showRecordsTheOpenItem();
+    void showAfterDesignTimeRead();
+    void sharedResources();
+    void soundDownloads_data();
+    void soundDownloads();
+    void focus();
+};
+
+void tst_Lifecycle::resize_data()
+{
+    QTest::addColumn<QSize>("requested");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("too narrow") << QSize(30, 200) << QSize(52, 200);
+    QTest::newRow("one pixel") << QSize(1, 1) << QSize(52, 1);
+    QTest::newRow("at the minimum") << QSize(52, 200) << QSize(52, 200);
+    QTest::newRow("wide") << QSize(300, 200) << QSize(300, 200);
+    QTest::newRow("no height: left alone") << QSize(30, 0) << QSize(30, 0);
+}
+
+void tst_Lifecycle::resize()
+{
+    QFETCH(QSize, requested);
+    QFETCH(QSize, expected);
+    Quiver control;
+    control.InitProperties();
+    control.show();
+    control.resize(requested);
+    QCOMPARE(control.size(), expected);
+}
+
+void tst_Lifecycle::showRecordsTheOpenItem_data()
+{
+    QTest::addColumn<bool>("designMode");
+    QTest::addColumn<int>("entries");
+    QTest::newRow("in the host") << false << 1;
+    QTest::newRow("in the designer") << true << 0;
+}
+
+void tst_Lifecycle::showRecordsTheOpenItem()
+{
+    QFETCH(bool, designMode);
+    QFETCH(int, entries);
+
+    Quiver control;
+    control.setDesignMode(designMode);
+    control.ReadProperties(MemoryPropertyBag(TwoItems));
+    control.Navigation()->Clear();
+    control.show();
+    QCOMPARE(control.Navigation()->CurrentPosition(), entries);
+    if (entries)
+        QCOMPARE(control.Navigation()->itemKeys(), QStringList{control.SelectedItem()->Key()});
+    QVERIFY(QuiverPrivate::get(&control)->redrawTimer->isActive());
+}
+
+void tst_Lifecycle::showAfterDesignTimeRead()
+{
+    // Read in a designer, shown in the host: the item views leave design mode.
+    Quiver control;
+    control.setDesignMode(true);
+    control.ReadProperties(MemoryPropertyBag(TwoItems));
+    QVERIFY(control.SmoothScroll());
+    control.setDesignMode(false);
+    auto *view = QuiverPrivate::get(&control)->openView();
+    view->setDesignMode(true);
+    control.show();
+    QVERIFY(!view->DesignMode());
+    QVERIFY(!control.SmoothScroll());
+}
+
+void tst_Lifecycle::sharedResources()
+{
+    const int before = modQuiver::instanceCount();
+    QVERIFY(!modQuiver::pictureEffects());
+    auto first = std::make_unique<Quiver>();
+    clsDrawPictures *effects = modQuiver::pictureEffects();
+    QVERIFY(effects);
+    QVERIFY(modQuiver::scrollBarWidth() > 0);
+    auto second = std::make_unique<Quiver>();
+    QCOMPARE(modQuiver::instanceCount(), before + 2);
+    QCOMPARE(modQuiver::pictureEffects(), effects);
+    first.reset();
+    QCOMPARE(modQuiver::pictureEffects(), effects);
+    second.reset();
+    QCOMPARE(modQuiver::instanceCount(), before);
+    QVERIFY(!modQuiver::pictureEffects());
+}
+
+void tst_Lifecycle::soundDownloads_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("item") << QByteArray("SoundItemURL");
+    QTest::newRow("header up") << QByteArray("SoundHeaderUpURL");
+    QTest::newRow("header down") << QByteArray("SoundHeaderDownURL");
+}
+
+void tst_Lifecycle::soundDownloads()
+{
+    QFETCH(QByteArray, property);
+
+    QTemporaryFile wave;
+    QVERIFY(wave.open());
+    wave.write(modQuiver::folderSound());
+    wave.close();
+
+    Quiver control;
+    QuiverPrivate *d = QuiverPrivate::get(&control);
+    QVERIFY(d->defaultSound.loaded);
+    QCOMPARE(d->defaultSound.data, modQuiver::folderSound());
+    QuiverPrivate::Sound *sounds[] = {&d->itemSound, &d->headerUpSound, &d->headerDownSound};
+    control.setProperty(property.constData(), QUrl::fromLocalFile(wave.fileName()).toString());
+    for (QuiverPrivate::Sound *sound : sounds) {
+        if (sound->url.isEmpty())
+            continue;
+        QTRY_VERIFY(sound->loaded);
+        QCOMPARE(sound->data, modQuiver::folderSound());
+    }
+    int loaded = 0;
+    for (QuiverPrivate::Sound *sound : sounds)
+        loaded += sound->loaded;
+    QCOMPARE(loaded, 1);
+}
+
+void tst_Lifecycle::focus()
+{
+    QWidget window;
+    auto *other = new QLineEdit(&window);
+    auto *control = new Quiver(&window);
+    control->setFocusPolicy(Qt::StrongFocus);
+    control->ReadProperties(MemoryPropertyBag(TwoItems));
+    control->setGeometry(0, 30, 120, 300);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QuiverPrivate *d = QuiverPrivate::get(control);
+
+    // With the tab-stop flag, the focus the control gets goes on to the open item view.
+    control->setFocus();
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(d->openView()));
+    QVERIFY(d->hasFocus);
+    other->setFocus();
+    QTRY_VERIFY(!d->hasFocus);
+}
+
+QTEST_MAIN(tst_Lifecycle)
+#include "tst_lifecycle.moc"
