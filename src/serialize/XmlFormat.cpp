@@ -32,6 +32,11 @@ std::optional<double> parseNumber(QStringView text)
 
 std::optional<qint32> parseLong(QStringView text)
 {
+    // Plain integers, what the writers produce, skip the floating-point parse.
+    bool isInteger = false;
+    const qint32 integer = text.toInt(&isInteger);
+    if (isInteger)
+        return integer;
     const auto number = parseNumber(text);
     if (!number)
         return std::nullopt;
