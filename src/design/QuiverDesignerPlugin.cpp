@@ -1,8 +1,12 @@
 #include "design/QuiverDesignerPlugin.h"
 
 #include "control/Quiver.h"
+#include "design/StyleTaskMenuFactory.h"
 
+#include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerTaskMenuExtension>
+#include <QtDesigner/QExtensionManager>
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
@@ -101,8 +105,14 @@ bool QuiverDesignerPlugin::isInitialized() const
     return m_initialized;
 }
 
-void QuiverDesignerPlugin::initialize(QDesignerFormEditorInterface *)
+void QuiverDesignerPlugin::initialize(QDesignerFormEditorInterface *core)
 {
+    if (m_initialized)
+        return;
+    // Designer's own core gets the "Styles..." task menu; a loader without
+    // one has no menus to extend.
+    if (QExtensionManager *extensions = core ? core->extensionManager() : nullptr)
+        extensions->registerExtensions(new StyleTaskMenuFactory(extensions), Q_TYPEID(QDesignerTaskMenuExtension));
     m_initialized = true;
 }
 
