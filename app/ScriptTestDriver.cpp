@@ -1,5 +1,8 @@
 #include "ScriptTestDriver.h"
 
+#include "control/Quiver.h"
+#include "serialize/MemoryPropertyBag.h"
+
 #include <QtCore/QMetaEnum>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>
@@ -158,6 +161,30 @@ QWidget *ScriptTestDriver::newControl()
     QWidget *control = m_newControl();
     QJSEngine::setObjectOwnership(control, QJSEngine::CppOwnership);
     return control;
+}
+
+QVariantMap ScriptTestDriver::writeProperties(QObject *control)
+{
+    const auto *quiver = qobject_cast<const Quiver *>(control);
+    if (!quiver) {
+        fail(QStringLiteral("Test.writeProperties: the argument is not a control"));
+        return {};
+    }
+    MemoryPropertyBag bag;
+    quiver->WriteProperties(bag);
+    return bag.toVariantMap();
+}
+
+QWidget *ScriptTestDriver::readProperties(const QVariantMap &bag)
+{
+    auto control = std::make_unique<Quiver>();
+    control->ReadProperties(MemoryPropertyBag(bag));
+    if (m_target)
+        control->resize(m_target->size());
+    control->show();
+    QJSEngine::setObjectOwnership(control.get(), QJSEngine::CppOwnership);
+    m_restored.push_back(std::move(control));
+    return m_restored.back().get();
 }
 
 bool ScriptTestDriver::sendMouse(QEvent::Type type, QPoint pos, Qt::MouseButton button, Qt::MouseButtons buttons)

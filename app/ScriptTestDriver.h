@@ -6,6 +6,8 @@
 #include <QtWidgets/QWidget>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace OrrinQuiver {
 
@@ -50,6 +52,13 @@ public:
     Q_INVOKABLE void resize(int width, int height);
     // Another new control in its own window; input still goes to the target.
     Q_INVOKABLE QWidget *newControl();
+    // A plain object holding exactly the names and values that `control`
+    // stores when it saves itself into a property bag. Not a control: throws.
+    Q_INVOKABLE QVariantMap writeProperties(QObject *control);
+    // A new control in its own window, restored from such an object as a
+    // loaded control is, then shown. Values the bag cannot read take their
+    // defaults. Input still goes to the target.
+    Q_INVOKABLE QWidget *readProperties(const QVariantMap &bag);
 
 private:
     // False, after throwing, when the control has no window on screen.
@@ -59,6 +68,7 @@ private:
 
     QPointer<QWidget> m_target;
     ControlFactory m_newControl;
+    std::vector<std::unique_ptr<QWidget>> m_restored;
     Qt::MouseButtons m_held;
     int m_timestamp = 0;
 };
