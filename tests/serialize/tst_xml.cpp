@@ -1,8 +1,10 @@
+#include "RecordingControlLink.h"
 #include "XmlTestSupport.h"
 
 #include "model/ModelChecker.h"
 #include "model/Navigation.h"
 #include "platform/SystemColors.h"
+#include "serialize/XmlReader.h"
 
 #include <QtQml/QJSEngine>
 #include <QtTest/QTest>
@@ -42,6 +44,7 @@ private slots:
     void readStyle();
     void readFragment_data();
     void readFragment();
+    void callsThatReachTheControl();
     void noMemoryForTheDocument();
     void scriptGetsTheError();
     void roundTrip_data();
@@ -320,6 +323,27 @@ void tst_Xml::readFragment()
     header->Items()->Add(0, "old", "Old");
     QCOMPARE(errorOf([&] { header->setXML(fixture(file)); }).first, number);
     QCOMPARE(outline(quiver), lines);
+}
+
+void tst_Xml::callsThatReachTheControl()
+{
+    RecordingControlLink link;
+    Headers headers(&link);
+    link.headers = &headers;
+    Navigation navigation;
+    QObject control;
+    XmlReader::readControlDocument(control, headers, navigation, fixture("control-201.xml"));
+    // With the live flags cleared, only "selected", "view" and "urlicon" reach the control and the
+    // views; the last header read is redrawn at the end.
+    QCOMPARE(link.take(),
+             (QStringList { "createHeaderViews(1,,0)", "relayoutStrip()", "createHeaderViews(2,,0)",
+                            "relayoutStrip()", "openHeader(2)", "relayoutStrip()", "openHeader(2)",
+                            "selectItem(2)", "loadUrlIcon(file:///nonexistent/later.png,true)",
+                            "redrawHeaderBar(2)" }));
+    const QStringList added { "addItemWindow(1,)", "relayoutItems(false)", "redrawItem(1)",
+                              "addItemWindow(2,)", "relayoutItems(false)", "redrawItem(2)" };
+    QCOMPARE(link.view(1)->take(), added);
+    QCOMPARE(link.view(2)->take(), QStringList { "setView(1)" } + added);
 }
 
 void tst_Xml::noMemoryForTheDocument()
