@@ -46,20 +46,11 @@ constexpr int DefaultCurrentHeader = 1;
 constexpr int DefaultCurrentItem = 1;
 
 // The bag's value types. Integer is 16-bit, Long 32-bit; colours are Longs.
-QVariant integer(int value)
-{
-    return QVariant::fromValue(qint16(value));
-}
+QVariant integer(int value) { return QVariant::fromValue(qint16(value)); }
 
-QVariant color(OLE_COLOR value)
-{
-    return QVariant(qint32(value));
-}
+QVariant color(OLE_COLOR value) { return QVariant(qint32(value)); }
 
-QString key(QStringView field, int header)
-{
-    return field.toString() + QString::number(header);
-}
+QString key(QStringView field, int header) { return field.toString() + QString::number(header); }
 
 // "Header<i>Item<j>" followed by the field name.
 QString itemKey(int header, int item, QStringView field)
@@ -69,10 +60,7 @@ QString itemKey(int header, int item, QStringView field)
     return name;
 }
 
-QString itemCountKey(int header)
-{
-    return u"Header"_s + QString::number(header) + u"Items"_s;
-}
+QString itemCountKey(int header) { return u"Header"_s + QString::number(header) + u"Items"_s; }
 
 // Reads a bag with the defaults its values were written against.
 class Reader
@@ -80,8 +68,7 @@ class Reader
 public:
     explicit Reader(const PropertyBag &bag)
         : m_bag(bag)
-    {
-    }
+    { }
 
     bool boolean(const QString &name, bool defaultValue) const
     {
@@ -107,10 +94,7 @@ public:
     {
         return m_bag.ReadProperty(name, defaultValue).value<QFont>();
     }
-    QVariant picture(const QString &name) const
-    {
-        return modPictureText::textToPicture(text(name));
-    }
+    QVariant picture(const QString &name) const { return modPictureText::textToPicture(text(name)); }
 
 private:
     const PropertyBag &m_bag;
@@ -196,7 +180,8 @@ void Quiver::WriteProperties(PropertyBag &bag) const
             bag.WriteProperty(itemKey(i, j, u"Tag"), item->Tag(), QString());
             bag.WriteProperty(itemKey(i, j, u"Visible"), item->Visible(), true);
             bag.WriteProperty(itemKey(i, j, u"Enabled"), item->Enabled(), true);
-            bag.WriteProperty(itemKey(i, j, u"MaskColor"), color(item->MaskColor()), color(d->defaultMaskColor));
+            bag.WriteProperty(itemKey(i, j, u"MaskColor"), color(item->MaskColor()),
+                              color(d->defaultMaskColor));
             if (!item->URLIcon().isEmpty())
                 bag.WriteProperty(itemKey(i, j, u"URLIcon"), item->URLIcon(), QString());
             else

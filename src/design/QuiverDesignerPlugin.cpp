@@ -24,7 +24,7 @@ constexpr int IconBarLeft = 4;
 constexpr int IconBarWidth = 24;
 constexpr int IconHeaderHeight = 6;
 constexpr int IconItemSize = 6;
-constexpr int IconItemTops[] = {14, 21};
+constexpr int IconItemTops[] = { 14, 21 };
 const QColor IconBarColor(128, 128, 128);
 const QColor IconHeaderColor(212, 208, 200);
 const QColor IconEdgeColor(64, 64, 64);
@@ -41,7 +41,7 @@ QIcon drawIcon()
     QPainter painter(&pixmap);
     painter.fillRect(IconBarLeft, 0, IconBarWidth, IconSize, IconBarColor);
     painter.setPen(IconEdgeColor);
-    for (const int top : {0, IconHeaderHeight, IconSize - IconHeaderHeight}) {
+    for (const int top : { 0, IconHeaderHeight, IconSize - IconHeaderHeight }) {
         painter.fillRect(IconBarLeft, top, IconBarWidth, IconHeaderHeight, IconHeaderColor);
         painter.drawRect(IconBarLeft, top, IconBarWidth - 1, IconHeaderHeight - 1);
     }
@@ -54,23 +54,16 @@ QIcon drawIcon()
 
 QuiverDesignerPlugin::QuiverDesignerPlugin(QObject *parent)
     : QObject(parent)
-{
-}
+{ }
 
 QString QuiverDesignerPlugin::name() const
 {
     return QString::fromLatin1(Quiver::staticMetaObject.className());
 }
 
-QString QuiverDesignerPlugin::group() const
-{
-    return u"OrrinQuiver"_s;
-}
+QString QuiverDesignerPlugin::group() const { return u"OrrinQuiver"_s; }
 
-QString QuiverDesignerPlugin::toolTip() const
-{
-    return u"Outlook-style navigation bar"_s;
-}
+QString QuiverDesignerPlugin::toolTip() const { return u"Outlook-style navigation bar"_s; }
 
 QString QuiverDesignerPlugin::whatsThis() const
 {
@@ -78,20 +71,11 @@ QString QuiverDesignerPlugin::whatsThis() const
            "above and below it."_s;
 }
 
-QString QuiverDesignerPlugin::includeFile() const
-{
-    return u"control/Quiver.h"_s;
-}
+QString QuiverDesignerPlugin::includeFile() const { return u"control/Quiver.h"_s; }
 
-QIcon QuiverDesignerPlugin::icon() const
-{
-    return drawIcon();
-}
+QIcon QuiverDesignerPlugin::icon() const { return drawIcon(); }
 
-bool QuiverDesignerPlugin::isContainer() const
-{
-    return false;
-}
+bool QuiverDesignerPlugin::isContainer() const { return false; }
 
 QWidget *QuiverDesignerPlugin::createWidget(QWidget *parent)
 {
@@ -100,10 +84,7 @@ QWidget *QuiverDesignerPlugin::createWidget(QWidget *parent)
     return control;
 }
 
-bool QuiverDesignerPlugin::isInitialized() const
-{
-    return m_initialized;
-}
+bool QuiverDesignerPlugin::isInitialized() const { return m_initialized; }
 
 void QuiverDesignerPlugin::initialize(QDesignerFormEditorInterface *core)
 {
@@ -112,7 +93,8 @@ void QuiverDesignerPlugin::initialize(QDesignerFormEditorInterface *core)
     // Designer's own core gets the "Styles..." task menu; a loader without
     // one has no menus to extend.
     if (QExtensionManager *extensions = core ? core->extensionManager() : nullptr)
-        extensions->registerExtensions(new StyleTaskMenuFactory(extensions), Q_TYPEID(QDesignerTaskMenuExtension));
+        extensions->registerExtensions(new StyleTaskMenuFactory(extensions),
+                                       Q_TYPEID(QDesignerTaskMenuExtension));
     m_initialized = true;
 }
 

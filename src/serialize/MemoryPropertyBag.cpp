@@ -8,10 +8,7 @@ MemoryPropertyBag::MemoryPropertyBag(const QVariantMap &values)
         store(it.key(), it.value());
 }
 
-QStringList MemoryPropertyBag::names() const
-{
-    return m_order;
-}
+QStringList MemoryPropertyBag::names() const { return m_order; }
 
 QVariantMap MemoryPropertyBag::toVariantMap() const
 {

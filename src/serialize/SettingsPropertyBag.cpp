@@ -7,8 +7,7 @@ namespace OrrinQuiver {
 SettingsPropertyBag::SettingsPropertyBag(QSettings &settings, const QString &group)
     : m_settings(settings)
     , m_group(group)
-{
-}
+{ }
 
 QStringList SettingsPropertyBag::names() const
 {
@@ -31,10 +30,7 @@ void SettingsPropertyBag::store(const QString &name, const QVariant &value)
     m_settings.setValue(key(name), value);
 }
 
-void SettingsPropertyBag::remove(const QString &name)
-{
-    m_settings.remove(key(name));
-}
+void SettingsPropertyBag::remove(const QString &name) { m_settings.remove(key(name)); }
 
 QString SettingsPropertyBag::key(const QString &name) const
 {

@@ -30,7 +30,8 @@ QString pngText(const QPixmap &pixmap)
 
 QPixmap pngPixmap(QStringView text)
 {
-    const auto decoded = QByteArray::fromBase64Encoding(text.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    const auto decoded
+        = QByteArray::fromBase64Encoding(text.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
     QPixmap pixmap;
     if (decoded)
         pixmap.loadFromData(*decoded, "PNG");
@@ -48,7 +49,8 @@ QPixmap bitmapCursorPixmap(const QCursor &cursor)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             if (mask.isNull() || mask.pixelIndex(x, y) == Qt::color1)
-                image.setPixel(x, y, bits.pixelIndex(x, y) == Qt::color1 ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
+                image.setPixel(x, y,
+                               bits.pixelIndex(x, y) == Qt::color1 ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
         }
     }
     return QPixmap::fromImage(image);

@@ -11,8 +11,8 @@
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 #include <QtDesigner/QDesignerIntegration>
-#include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QDesignerPropertyEditorInterface>
+#include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtTest/QTest>
 
 using namespace OrrinQuiver;

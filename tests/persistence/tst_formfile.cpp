@@ -8,7 +8,6 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QPluginLoader>
-#include <QtCore/QXmlStreamReader>
 #include <QtTest/QTest>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <QtUiTools/QUiLoader>
@@ -42,21 +41,6 @@ std::unique_ptr<QWidget> load(QUiLoader &loader)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return std::unique_ptr<QWidget>(loader.load(&file));
-}
-
-// The value of the one <string> property called `name` in a form's XML.
-QString stringProperty(const QString &xml, const QString &name)
-{
-    QXmlStreamReader reader(xml);
-    while (!reader.atEnd()) {
-        reader.readNext();
-        if (reader.isStartElement() && reader.name() == u"property"
-            && reader.attributes().value(u"name"_s) == name) {
-            reader.readNextStartElement();
-            return reader.readElementText();
-        }
-    }
-    return {};
 }
 
 } // namespace
@@ -112,7 +96,7 @@ void tst_FormFile::load()
     QStringList captions;
     for (const Header *header : *quiver->Headers())
         captions << header->Caption() + u':' + QString::number(header->Items()->Count());
-    QCOMPARE(captions, QStringList({u"Mail:3"_s, u"Calendar:0"_s, u"Contacts:2"_s}));
+    QCOMPARE(captions, QStringList({ u"Mail:3"_s, u"Calendar:0"_s, u"Contacts:2"_s }));
     const Header *calendar = quiver->Headers()->at(2);
     QVERIFY(!calendar->Enabled());
     QCOMPARE(calendar->View(), qvViewSmallIcons);
@@ -136,12 +120,6 @@ void tst_FormFile::plugin()
     QVERIFY(!plugin->icon().isNull());
     QVERIFY(!plugin->toolTip().isEmpty());
     QVERIFY(!plugin->isContainer());
-
-    // A control placed from the widget box starts as a new control does.
-    Quiver fresh;
-    fresh.InitProperties();
-    const QString placed = stringProperty(plugin->domXml(), u"PropertyBagText"_s);
-    QCOMPARE(placed, fresh.PropertyBagText());
 
     // Outside a Designer form (a preview, a running program) the control is in user mode.
     QWidget parent;

@@ -23,9 +23,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QVariantMap TwoItems{{u"NumHeaders"_s, 1}, {u"Caption1"_s, u"Mail"_s}, {u"Header1Items"_s, 2},
-                           {u"Header1Item1Caption"_s, u"Inbox"_s}, {u"Header1Item2Caption"_s, u"Sent"_s},
-                           {u"TrackNavigation"_s, true}, {u"CurrentItem"_s, 2}};
+const QVariantMap TwoItems { { u"NumHeaders"_s, 1 },
+                             { u"Caption1"_s, u"Mail"_s },
+                             { u"Header1Items"_s, 2 },
+                             { u"Header1Item1Caption"_s, u"Inbox"_s },
+                             { u"Header1Item2Caption"_s, u"Sent"_s },
+                             { u"TrackNavigation"_s, true },
+                             { u"CurrentItem"_s, 2 } };
 
 } // namespace
 
@@ -87,7 +91,7 @@ void tst_Lifecycle::showRecordsTheOpenItem()
     control.show();
     QCOMPARE(control.Navigation()->CurrentPosition(), entries);
     if (entries)
-        QCOMPARE(control.Navigation()->itemKeys(), QStringList{control.SelectedItem()->Key()});
+        QCOMPARE(control.Navigation()->itemKeys(), QStringList { control.SelectedItem()->Key() });
     QVERIFY(QuiverPrivate::get(&control)->redrawTimer->isActive());
 }
 
@@ -145,7 +149,7 @@ void tst_Lifecycle::soundDownloads()
     QuiverPrivate *d = QuiverPrivate::get(&control);
     QVERIFY(d->defaultSound.loaded);
     QCOMPARE(d->defaultSound.data, modQuiver::folderSound());
-    QuiverPrivate::Sound *sounds[] = {&d->itemSound, &d->headerUpSound, &d->headerDownSound};
+    QuiverPrivate::Sound *sounds[] = { &d->itemSound, &d->headerUpSound, &d->headerDownSound };
     control.setProperty(property.constData(), QUrl::fromLocalFile(wave.fileName()).toString());
     for (QuiverPrivate::Sound *sound : sounds) {
         if (sound->url.isEmpty())
