@@ -89,6 +89,8 @@ HeaderStrip::HeaderStrip(QuiverPrivate *control)
 
 HeaderStrip::~HeaderStrip()
 {
+    if (m_slide)
+        qApp->removeEventFilter(this);
     // The bars call back into the strip; none may outlive it.
     for (HeaderBar *bar : std::as_const(m_bars))
         delete bar;

@@ -225,6 +225,9 @@ void QuiverPrivate::selectHeader(int requested)
 {
     if (headers->Count() == 0)
         return;
+    // A slide still under way ends first, so that the next one starts from
+    // where the bars belong.
+    strip->finishSlide();
     findOpenHeader();
     headerRedraw = true;
     if (requested == selectedPosition) {

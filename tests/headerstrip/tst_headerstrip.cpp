@@ -338,8 +338,11 @@ void tst_HeaderStrip::slideInterrupted()
         QTest::mouseClick(barAt(q.get(), 1), Qt::LeftButton, {}, QPoint(10, 5));
         QVERIFY(log->isEmpty());
     } else if (interruption == "select") {
+        // The running slide ends where it was going before the next starts.
+        PaintCounter moves(barAt(q.get(), 3));
         expectedOpen = q->Headers()->at(2);
         expectedOpen->setSelected(true);
+        QVERIFY(moves.tops.contains(1 + 2 * (q->HeaderHeight() - 1)));
     } else if (interruption == "remove") {
         q->Headers()->Remove(3);
     } else {
