@@ -162,8 +162,14 @@ QImage renderIcon(const QIcon &icon, const QSize &size, qreal ratio)
 {
     const QSize device = deviceSize(size, ratio);
     QImage image = icon.pixmap(size, ratio).toImage().convertToFormat(WorkFormat);
-    if (!image.isNull() && image.size() != device)
+    if (image.isNull()) {
+        // A picture so thin or flat that it keeps no pixel at this size
+        // renders as a transparent image, not as none.
+        image = QImage(device, WorkFormat);
+        image.fill(Qt::transparent);
+    } else if (image.size() != device) {
         image = image.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     image.setDevicePixelRatio(ratio);
     return image;
 }
