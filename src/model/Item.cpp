@@ -9,6 +9,8 @@
 
 #include <QtCore/QRect>
 
+#include <limits>
+
 namespace OrrinQuiver {
 
 namespace {
@@ -83,6 +85,25 @@ void Item::storeGeneratedKey(quint32 number)
     m_keyNumber = number;
 }
 
+quint32 Item::keyNumberOf(QStringView text)
+{
+    // Exactly what formatKey() writes: the prefix in any letter case, then
+    // the padded digits, or more digits without a leading zero.
+    const QStringView digits = text.mid(std::min(text.size(), GeneratedItemKeyPrefix.size()));
+    if (digits.size() < GeneratedKeyDigits || !text.startsWith(GeneratedItemKeyPrefix, Qt::CaseInsensitive)
+        || (digits.size() > GeneratedKeyDigits && digits.front() == u'0'))
+        return 0;
+    quint64 number = 0;
+    for (QChar c : digits) {
+        if (c < u'0' || c > u'9')
+            return 0;
+        number = number * 10 + (c.unicode() - u'0');
+        if (number > std::numeric_limits<quint32>::max())
+            return 0;
+    }
+    return quint32(number);
+}
+
 QStringView Item::keyText(KeyBuffer &buffer) const
 {
     if (m_keyNumber)
@@ -140,7 +161,7 @@ void Item::setCaption(const QString &value)
     const bool toolTipFollows = m_toolTipIsCaption;
     QString caption = value;
     // A caption is one line: every CR LF pair goes, lone CRs and LFs stay.
-    if (caption.contains(QLatin1String("\r\n")))
+    if (caption.contains(u'\n') && caption.contains(QLatin1String("\r\n")))
         caption.remove(QLatin1String("\r\n"));
     if (m_collection)
         m_collection->d->list.captionChanged(m_caption, caption);

@@ -162,6 +162,8 @@ private:
     }
     void storeKey(const QString &value);
     void storeGeneratedKey(quint32 number);
+    quint32 keyNumber() const { return m_keyNumber; }
+    static quint32 keyNumberOf(QStringView text);
     QStringView keyText(std::array<char16_t, 32> &buffer) const;
     void setIndexMayLag(bool value) { m_indexMayLag = value; }
     void link(Items *collection);

@@ -73,11 +73,10 @@ std::optional<int> toPosition(double number)
 
 QStringView formatKey(KeyBuffer &buffer, QStringView prefix, qint64 counter)
 {
-    // At least five digits, zero-padded; larger counters print in full.
-    constexpr int MinimumDigits = 5;
+    // Zero-padded to the minimum; larger counters print in full.
     char16_t digits[20];
     int n = 0;
-    for (quint64 value = quint64(counter); value || n < MinimumDigits; value /= 10)
+    for (quint64 value = quint64(counter); value || n < GeneratedKeyDigits; value /= 10)
         digits[n++] = char16_t(u'0' + value % 10);
     const qsizetype length = std::min<qsizetype>(prefix.size(), qsizetype(buffer.size()) - n);
     std::copy_n(prefix.utf16(), length, buffer.begin());

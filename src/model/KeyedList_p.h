@@ -34,6 +34,8 @@ Lookup readLookup(const QVariant &value);
 // A number as the 32-bit position it names: rounded half to even; nullopt
 // when it does not fit.
 std::optional<int> toPosition(double number);
+// Generated keys write their counter with at least this many digits.
+constexpr int GeneratedKeyDigits = 5;
 // Room for a generated key: a prefix of up to 12 letters and a 64-bit counter.
 using KeyBuffer = std::array<char16_t, 32>;
 // `prefix` followed by `counter` written with at least five digits, in `buffer`.
@@ -96,12 +98,22 @@ private:
 // counted, so that a caption test answers "none" without walking the members;
 // collections that are only filled and shown never pay for the count.
 //
+// Members whose key the collection generated (T::keyNumber() not 0, see
+// below) are kept out of the table, in a vector sorted by that number: the
+// numbers only grow, so adding one appends, where a hash table would touch a
+// random place in memory for every member added.
+//
 // T provides Key(), keyText(KeyBuffer &) (the key as a view, possibly into
 // the buffer), Caption(), Index(), storeIndex(int) (which also clears the
-// lag mark), storeKey(QString) and setIndexMayLag(bool).
+// lag mark), storeKey(QString) and setIndexMayLag(bool). A T with generated
+// keys also provides keyNumber() (the number of its generated key, 0 for a
+// key of its own) and a static keyNumberOf(QStringView) (the number a text
+// names as a generated key, 0 for any other text).
 template<typename T>
 class KeyedList
 {
+    static constexpr bool Numbered = requires(const T &member) { member.keyNumber(); };
+
 public:
     int count() const { return int(m_members.size()); }
     T *const *begin() const { return m_members.data(); }
@@ -122,6 +134,12 @@ public:
 
     T *withKey(QStringView key) const
     {
+        if constexpr (Numbered) {
+            if (T *member = numbered(T::keyNumberOf(key)))
+                return member;
+        }
+        if (m_tableUsed == 0)
+            return nullptr;
         const size_t slot = findKey(key, foldedKeyHash(key));
         return slot == NoSlot ? nullptr : m_slots[slot].member;
     }
@@ -130,14 +148,11 @@ public:
     // appends). False, and nothing changed, when the key is taken.
     bool insert(T *member, int position)
     {
-        KeyBuffer buffer;
-        const QStringView key = member->keyText(buffer);
-        const quint32 hash = foldedKeyHash(key);
-        if (findKey(key, hash) != NoSlot)
+        if (keyTaken(member))
             return false;
         position = std::clamp(position, 1, count() + 1);
         m_members.insert(m_members.begin() + (position - 1), member);
-        tableInsert(member, hash);
+        keyInsert(member);
         if (m_captionsCounted)
             m_captions.add(foldedKeyHash(member->Caption()));
         return true;
@@ -148,7 +163,7 @@ public:
     {
         T *member = m_members[size_t(position - 1)];
         m_members.erase(m_members.begin() + (position - 1));
-        tableRemove(member);
+        keyRemove(member);
         if (m_captionsCounted)
             m_captions.remove(foldedKeyHash(member->Caption()));
         return member;
@@ -158,7 +173,9 @@ public:
     void clear()
     {
         m_members.clear();
+        m_numbered.clear();
         m_slots.clear();
+        m_tableUsed = 0;
         m_mask = 0;
         m_captions.clear();
         m_captionsCounted = false;
@@ -255,7 +272,8 @@ public:
     // the member stores as its Index; nullopt when it is not a member.
     std::optional<int> move(T *member, int index)
     {
-        if (withKey(member->Key()) != member)
+        KeyBuffer buffer;
+        if (withKey(member->keyText(buffer)) != member)
             return std::nullopt;
         int n = index;
         if (n >= 0 && n > count())
@@ -298,7 +316,7 @@ public:
             newKey = nextKey();
         member->storeKey(newKey);
         m_members.insert(m_members.begin() + std::min(position - 1, count()), member);
-        tableInsert(member, foldedKeyHash(newKey));
+        keyInsert(member);
         if (m_captionsCounted)
             m_captions.add(foldedKeyHash(member->Caption()));
         return newKey;
@@ -319,8 +337,16 @@ public:
             if (std::find(m_members.begin(), m_members.end(), entry) == m_members.end())
                 problems << QStringLiteral("key table: \"%1\" is no member").arg(entry->Key());
         }
-        if (used != m_members.size())
-            problems << QStringLiteral("key table holds %1 entries for %2 members").arg(used).arg(m_members.size());
+        if (used != m_tableUsed)
+            problems << QStringLiteral("key table holds %1 entries, not %2").arg(used).arg(m_tableUsed);
+        for (size_t i = 0; i < m_numbered.size(); ++i) {
+            if (i > 0 && m_numbered[i - 1].number >= m_numbered[i].number)
+                problems << QStringLiteral("generated keys out of order at %1").arg(m_numbered[i].number);
+            if (std::find(m_members.begin(), m_members.end(), m_numbered[i].member) == m_members.end())
+                problems << QStringLiteral("generated key %1 is no member").arg(m_numbered[i].number);
+        }
+        if (used + m_numbered.size() != m_members.size())
+            problems << QStringLiteral("%1 keys kept for %2 members").arg(used + m_numbered.size()).arg(m_members.size());
         for (const T *member : m_members) {
             if (withKey(member->Key()) != member)
                 problems << QStringLiteral("key \"%1\" does not find its member").arg(member->Key());
@@ -334,6 +360,63 @@ private:
     static constexpr size_t NoSlot = size_t(-1);
     // The table grows before it is three quarters full.
     static constexpr size_t MinimumTableSize = 16;
+
+    // Whether another member has `member`'s key.
+    bool keyTaken(const T *member) const
+    {
+        if constexpr (Numbered) {
+            // A generated key needs its text only when members keep keys of their own.
+            if (const quint32 number = member->keyNumber()) {
+                KeyBuffer buffer;
+                return numbered(number) || (m_tableUsed && withKey(member->keyText(buffer)));
+            }
+        }
+        KeyBuffer buffer;
+        return withKey(member->keyText(buffer)) != nullptr;
+    }
+
+    // Where generated key `number` is or would go in m_numbered.
+    size_t numberedIndex(quint32 number) const
+    {
+        // New keys carry the highest number so far: they go last.
+        if (m_numbered.empty() || m_numbered.back().number < number)
+            return m_numbered.size();
+        const auto it = std::lower_bound(m_numbered.begin(), m_numbered.end(), number,
+                                         [](const NumberedKey &entry, quint32 n) { return entry.number < n; });
+        return size_t(it - m_numbered.begin());
+    }
+
+    // The member with generated key `number`, nullptr when none (or 0).
+    T *numbered(quint32 number) const
+    {
+        if (!number)
+            return nullptr;
+        const size_t i = numberedIndex(number);
+        return i < m_numbered.size() && m_numbered[i].number == number ? m_numbered[i].member : nullptr;
+    }
+
+    void keyInsert(T *member)
+    {
+        if constexpr (Numbered) {
+            if (const quint32 number = member->keyNumber()) {
+                m_numbered.insert(m_numbered.begin() + ptrdiff_t(numberedIndex(number)), NumberedKey { number, member });
+                return;
+            }
+        }
+        KeyBuffer buffer;
+        tableInsert(member, foldedKeyHash(member->keyText(buffer)));
+    }
+
+    void keyRemove(const T *member)
+    {
+        if constexpr (Numbered) {
+            if (const quint32 number = member->keyNumber()) {
+                m_numbered.erase(m_numbered.begin() + ptrdiff_t(numberedIndex(number)));
+                return;
+            }
+        }
+        tableRemove(member);
+    }
 
     size_t findKey(QStringView key, quint32 hash) const
     {
@@ -350,8 +433,9 @@ private:
 
     void tableInsert(T *member, quint32 hash)
     {
-        if ((m_members.size() + 1) * 4 > m_slots.size() * 3)
+        if ((m_tableUsed + 1) * 4 > m_slots.size() * 3)
             rehash(std::max(MinimumTableSize, m_slots.size() * 2));
+        ++m_tableUsed;
         size_t slot = hash & m_mask;
         while (m_slots[slot].member)
             slot = (slot + 1) & m_mask;
@@ -375,6 +459,7 @@ private:
             }
         }
         m_slots[hole] = { nullptr, 0 };
+        --m_tableUsed;
     }
 
     void rehash(size_t size)
@@ -400,8 +485,17 @@ private:
         quint32 hash;
     };
 
+    struct NumberedKey
+    {
+        quint32 number;
+        T *member;
+    };
+
     std::vector<T *> m_members;
+    // Members with generated keys, by key number; the others are in m_slots.
+    std::vector<NumberedKey> m_numbered;
     std::vector<Slot> m_slots;
+    size_t m_tableUsed = 0;
     size_t m_mask = 0;
     // Made by the first caption test, which is a const lookup.
     mutable HashCounts m_captions;

@@ -125,6 +125,14 @@ void tst_Items::generatedKeys()
     QVERIFY(alone.Add(0, QStringLiteral("\u00C9mile")));
     QCOMPARE(alone.Add(0, QStringLiteral("\u00E9MILE")), nullptr);
     QCOMPARE(alone.Count(), 3);
+    // Generated keys are found in any letter case, and only as written.
+    Item *third = alone.at(1);
+    QCOMPARE(alone.withKey(QStringLiteral("new_item00003")), third);
+    QCOMPARE(alone.withKey(QStringLiteral("NEW_ITEM3")), nullptr);
+    QCOMPARE(alone.withKey(QStringLiteral("NEW_ITEM000003")), nullptr);
+    third->setKey(QStringLiteral("mine"));
+    QCOMPARE(alone.withKey(QStringLiteral("NEW_ITEM00003")), nullptr);
+    QCOMPARE(alone.withKey(QStringLiteral("MINE")), third);
     CHECK_ITEMS(alone);
     for (int i = 5; i < 99999; ++i)
         alone.NextKey();
