@@ -63,13 +63,9 @@ class tst_DrawHeader : public QObject
 private slots:
     void edges_data();
     void edges();
-    void textColor_data();
-    void textColor();
-    void captionPlacement_data();
-    void captionPlacement();
-    void pressAndTextTop();
+    void caption_data();
+    void caption();
     void crispAtDoubleDensity();
-    void systemColorsFollowPalette();
 };
 
 void tst_DrawHeader::edges_data()
@@ -134,85 +130,63 @@ void tst_DrawHeader::edges()
             QCOMPARE(image.pixelColor(at.x() * n + dx, at.y() * n + dy), Palette.value(expected));
 }
 
-void tst_DrawHeader::textColor_data()
+void tst_DrawHeader::caption_data()
 {
     QTest::addColumn<int>("style");
     QTest::addColumn<int>("state");
     QTest::addColumn<bool>("enabled");
-    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("color");
+    // Where the caption lies against a normal Outlook bar with the same caption.
+    QTest::addColumn<QPoint>("shift");
 
-    QTest::newRow("normal") << int(qvStyleOutlook) << int(HeaderNormal) << true << "fore";
-    QTest::newRow("hot") << int(qvStyleOutlook) << int(HeaderHot) << true << "over";
-    QTest::newRow("pressed") << int(qvStyleWindows2000) << int(HeaderPressed) << true << "over";
-    QTest::newRow("disabled") << int(qvStyleOutlook) << int(HeaderNormal) << false << "sh";
-    QTest::newRow("disabled pressed") << int(qvStyleOutlook) << int(HeaderPressed) << false << "sh";
-    QTest::newRow("flat hot") << int(qvStyleVisualStudio) << int(HeaderHot) << true << "fore";
-    QTest::newRow("flat pressed") << int(qvStyleVisualStudio) << int(HeaderPressed) << true << "over";
+    const QString mail = QStringLiteral("Mail");
+    QTest::newRow("normal") << int(qvStyleOutlook) << int(HeaderNormal) << true << mail << "fore" << QPoint();
+    QTest::newRow("hot") << int(qvStyleOutlook) << int(HeaderHot) << true << mail << "over" << QPoint();
+    QTest::newRow("pressed stays") << int(qvStyleWindows2000) << int(HeaderPressed) << true << mail << "over"
+                                   << QPoint();
+    QTest::newRow("disabled") << int(qvStyleOutlook) << int(HeaderPressed) << false << mail << "sh"
+                              << QPoint();
+    QTest::newRow("flat: higher, no hot look")
+        << int(qvStyleVisualStudio) << int(HeaderHot) << true << mail << "fore" << QPoint(0, -2);
+    QTest::newRow("flat pressed moves")
+        << int(qvStyleVisualStudio) << int(HeaderPressed) << true << mail << "over" << QPoint(1, -1);
+    QTest::newRow("too wide") << int(qvStyleOutlook) << int(HeaderNormal) << true
+                              << "Folders of the whole organisation"
+                              << "fore" << QPoint();
 }
 
-void tst_DrawHeader::textColor()
+void tst_DrawHeader::caption()
 {
     QFETCH(int, style);
     QFETCH(int, state);
     QFETCH(bool, enabled);
-    QFETCH(QString, expected);
+    QFETCH(QString, caption);
+    QFETCH(QString, color);
+    QFETCH(QPoint, shift);
 
-    const QImage image = paint(look(qvStyle(style), state, QStringLiteral("Mail"), enabled), QSize(80, 24));
+    const QImage image = paint(look(qvStyle(style), state, caption, enabled), QSize(100, 24));
+    const QColor back = Palette.value("back");
     QSet<QRgb> colors;
     for (int y = 2; y < 22; ++y)
-        for (int x = 2; x < 78; ++x)
+        for (int x = 2; x < 98; ++x)
             colors.insert(image.pixel(x, y));
-    colors.remove(Palette.value("back").rgb());
-    QCOMPARE(colors, QSet<QRgb> { Palette.value(expected).rgb() });
-}
+    colors.remove(back.rgb());
+    QCOMPARE(colors, QSet<QRgb> { Palette.value(color).rgb() });
 
-void tst_DrawHeader::captionPlacement_data()
-{
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<bool>("elided");
-
-    QTest::newRow("fits") << "Mail" << false;
-    QTest::newRow("too wide") << "Folders of the whole organisation" << true;
-}
-
-void tst_DrawHeader::captionPlacement()
-{
-    QFETCH(QString, caption);
-    QFETCH(bool, elided);
-
-    const HeaderLook l = look(qvStyleOutlook, HeaderNormal, caption);
-    const QImage image = paint(l, QSize(100, 24));
+    // The caption is shortened to the width less 6 and centred by what is left.
+    const HeaderLook normal = look(qvStyleOutlook, HeaderNormal, caption);
     QImage probe(1, 1, QImage::Format_RGB32);
     QPainter p(&probe);
-    p.setFont(l.font);
-    const FittedText fitted = FitTextWithEllipsis(p.fontMetrics(), caption, 100 - 6);
-    QCOMPARE(fitted.text != caption, elided);
+    p.setFont(normal.font);
+    const FittedText fitted = FitTextWithEllipsis(p.fontMetrics(), caption, 94);
     QVERIFY(fitted.width <= 94);
-    if (elided)
-        QVERIFY(fitted.text.endsWith(QChar(0x2026)));
-
-    // Centred by the fitted width: the glyphs lie within [x0, x0 + width).
+    QCOMPARE(fitted.text.endsWith(QChar(0x2026)), caption.size() > 20);
+    const QRect reference = textBounds(paint(normal, QSize(100, 24)), back);
     const int x0 = (100 - fitted.width) / 2;
-    const QRect bounds = textBounds(image, Palette.value("back"));
-    QVERIFY2(bounds.left() >= x0 && bounds.left() <= x0 + 2, qPrintable(QString::number(bounds.left())));
-    QVERIFY(bounds.right() < x0 + fitted.width);
-}
-
-void tst_DrawHeader::pressAndTextTop()
-{
-    const QString caption = QStringLiteral("Calendar");
-    const QColor back = Palette.value("back");
-    const auto bounds = [&](qvStyle style, int state) {
-        return textBounds(paint(look(style, state, caption), QSize(100, 24)), back);
-    };
-    // A pressed flat bar pushes its caption one pixel right and down; the
-    // framed bars keep it still.
-    QCOMPARE(bounds(qvStyleVisualStudio, HeaderPressed),
-             bounds(qvStyleVisualStudio, HeaderNormal).translated(1, 1));
-    QCOMPARE(bounds(qvStyleOutlook, HeaderPressed), bounds(qvStyleOutlook, HeaderNormal));
-    // The framed bars start their caption two pixels lower.
-    QCOMPARE(bounds(qvStyleOutlook, HeaderNormal),
-             bounds(qvStyleVisualStudio, HeaderNormal).translated(0, 2));
+    QVERIFY(reference.left() >= x0 && reference.left() <= x0 + 2);
+    QVERIFY(reference.right() < x0 + fitted.width);
+    QCOMPARE(textBounds(image, back), reference.translated(shift));
 }
 
 void tst_DrawHeader::crispAtDoubleDensity()
@@ -235,21 +209,6 @@ void tst_DrawHeader::crispAtDoubleDensity()
                 = twice.pixel(x + 1, y) != c || twice.pixel(x, y + 1) != c || twice.pixel(x + 1, y + 1) != c;
         }
     QVERIFY(finerThanBlocks);
-}
-
-void tst_DrawHeader::systemColorsFollowPalette()
-{
-    HeaderLook l = look(qvStyleOutlook, HeaderNormal);
-    l.colors = HeaderColors();
-    QCOMPARE(paint(l, QSize(40, 20)).pixelColor(5, 5), QColor(212, 208, 200));
-    QCOMPARE(paint(l, QSize(40, 20)).pixelColor(0, 0), QColor(255, 255, 255));
-
-    QPalette dark = classicPalette();
-    dark.setColor(QPalette::Active, QPalette::Button, QColor(45, 45, 48));
-    dark.setColor(QPalette::Active, QPalette::Light, QColor(90, 90, 90));
-    const QImage image = paint(l, QSize(40, 20), 1, dark);
-    QCOMPARE(image.pixelColor(5, 5), QColor(45, 45, 48));
-    QCOMPARE(image.pixelColor(0, 0), QColor(90, 90, 90));
 }
 
 QTEST_MAIN(tst_DrawHeader)
