@@ -40,9 +40,8 @@ class tst_Lifecycle : public QObject
 private slots:
     void resize_data();
     void resize();
-    void showRecordsTheOpenItem_data();
-    void showRecordsTheOpenItem();
-    void showAfterDesignTimeRead();
+    void show_data();
+    void show();
     void sharedResources();
     void soundDownloads_data();
     void soundDownloads();
@@ -71,43 +70,40 @@ void tst_Lifecycle::resize()
     QCOMPARE(control.size(), expected);
 }
 
-void tst_Lifecycle::showRecordsTheOpenItem_data()
+void tst_Lifecycle::show_data()
 {
-    QTest::addColumn<bool>("designMode");
+    QTest::addColumn<bool>("readInDesigner");
+    QTest::addColumn<bool>("shownInDesigner");
     QTest::addColumn<int>("entries");
-    QTest::newRow("in the host") << false << 1;
-    QTest::newRow("in the designer") << true << 0;
+    QTest::newRow("in the host") << false << false << 1;
+    QTest::newRow("in the designer") << true << true << 0;
+    // Read in a designer, shown in the host: the item views leave design
+    // mode and SmoothScroll goes off.
+    QTest::newRow("read in the designer, shown in the host") << true << false << 1;
 }
 
-void tst_Lifecycle::showRecordsTheOpenItem()
+void tst_Lifecycle::show()
 {
-    QFETCH(bool, designMode);
+    QFETCH(bool, readInDesigner);
+    QFETCH(bool, shownInDesigner);
     QFETCH(int, entries);
 
     Quiver control;
-    control.setDesignMode(designMode);
+    control.setDesignMode(readInDesigner);
     control.ReadProperties(MemoryPropertyBag(TwoItems));
+    control.setDesignMode(shownInDesigner);
+    ItemContainer *view = QuiverPrivate::get(&control)->openView();
+    view->setDesignMode(true);
     control.Navigation()->Clear();
     control.show();
+    // In the host the open header's current item is the first history entry.
     QCOMPARE(control.Navigation()->CurrentPosition(), entries);
     if (entries)
         QCOMPARE(control.Navigation()->itemKeys(), QStringList { control.SelectedItem()->Key() });
+    const bool leftDesignMode = readInDesigner && !shownInDesigner;
+    QCOMPARE(view->DesignMode(), !leftDesignMode);
+    QCOMPARE(control.SmoothScroll(), !leftDesignMode);
     QVERIFY(QuiverPrivate::get(&control)->redrawTimer->isActive());
-}
-
-void tst_Lifecycle::showAfterDesignTimeRead()
-{
-    // Read in a designer, shown in the host: the item views leave design mode.
-    Quiver control;
-    control.setDesignMode(true);
-    control.ReadProperties(MemoryPropertyBag(TwoItems));
-    QVERIFY(control.SmoothScroll());
-    control.setDesignMode(false);
-    auto *view = QuiverPrivate::get(&control)->openView();
-    view->setDesignMode(true);
-    control.show();
-    QVERIFY(!view->DesignMode());
-    QVERIFY(!control.SmoothScroll());
 }
 
 void tst_Lifecycle::sharedResources()
