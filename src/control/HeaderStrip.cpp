@@ -185,7 +185,7 @@ void HeaderStrip::layout()
 
 void HeaderStrip::repaint(bool force)
 {
-    for (const Header *header : *d->headers) {
+    for (Header *header : *d->headers) {
         HeaderBar *bar = this->bar(header->barId());
         if (!bar)
             continue;
@@ -201,13 +201,14 @@ void HeaderStrip::repaint(bool force)
 void HeaderStrip::redraw(int barId)
 {
     HeaderBar *bar = this->bar(barId);
-    if (const Header *header = headerOf(bar)) {
+    if (Header *header = headerOf(bar)) {
         refreshRecord(bar, header);
         bar->update();
+        header->setNeedsPaint(false);
     }
 }
 
-void HeaderStrip::drawHeader(const Header *header, int state, OLE_COLOR back, OLE_COLOR fore)
+void HeaderStrip::drawHeader(Header *header, int state, OLE_COLOR back, OLE_COLOR fore)
 {
     HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
     if (!bar || bar->drawnState() == state)
@@ -216,6 +217,7 @@ void HeaderStrip::drawHeader(const Header *header, int state, OLE_COLOR back, OL
     refreshRecord(bar, header);
     bar->setColors(back, fore);
     bar->update();
+    header->setNeedsPaint(false);
 }
 
 HeaderLook HeaderStrip::lookOf(const HeaderBar *bar) const
@@ -420,7 +422,7 @@ void HeaderStrip::barReleased(HeaderBar *bar, QMouseEvent *event)
 
 void HeaderStrip::barLeft(HeaderBar *bar)
 {
-    const Header *header = d->designMode ? nullptr : headerOf(bar);
+    Header *header = d->designMode ? nullptr : headerOf(bar);
     if (header && header->Enabled())
         drawHeader(header, HeaderNormal);
 }

@@ -47,14 +47,14 @@ public:
     // Repaints every bar; `force` draws each in its normal look even when it
     // already shows it.
     void repaint(bool force);
-    // Repaints the bar with that id after its header changed; unknown ids
-    // are ignored.
+    // Repaints the bar with that id after its header changed, clearing the
+    // header's needs-paint flag; unknown ids are ignored.
     void redraw(int barId);
     // Draws the header's bar in `state` (a HeaderState), with `back` and
     // `fore` replacing the header colours unless they are DefaultColor.
     // Nothing happens when the bar already shows `state`, or for a header
-    // without a bar.
-    void drawHeader(const Header *header, int state, OLE_COLOR back = HeaderBar::DefaultColor,
+    // without a bar. Clears the header's needs-paint flag when it draws.
+    void drawHeader(Header *header, int state, OLE_COLOR back = HeaderBar::DefaultColor,
                     OLE_COLOR fore = HeaderBar::DefaultColor);
 
     // Moves the bars from the header at `oldPosition` being open to the one

@@ -146,6 +146,7 @@ void tst_HeaderStrip::placesBarsAndViews()
         QCOMPARE(bar->geometry(), expected.bars.at(p - 1).rect);
         QCOMPARE(bar->isVisibleTo(q.get()), expected.bars.at(p - 1).visible);
         QCOMPARE(bar->record().text(), QStringLiteral("%1:0;Header %1").arg(p));
+        QVERIFY(!q->Headers()->at(p)->needsPaint());
         const QWidget *view = QuiverPrivate::get(q.get())->viewAt(p);
         QCOMPARE(view->isVisibleTo(q.get()), p == count);
         QCOMPARE(view->x(), expected.viewLeft);
