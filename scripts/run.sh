@@ -2,6 +2,7 @@
 # Sets up a fresh Debian 12 machine (as root) and builds OrrinQuiver, then
 #   scripts/run.sh demo   runs the demo (a window, or PNG screens without a display)
 #   scripts/run.sh test   runs every test: the suite, the install check, ...
+#   scripts/run.sh fuzz   runs only the fuzz targets (QUIVER_FUZZ_SECONDS each)
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -69,15 +70,45 @@ run_sanitized_tests() {
         ctest --test-dir "$asan" --output-on-failure -j "$jobs"
 }
 
+# The libFuzzer targets of fuzz/, built by clang on a library instrumented
+# for them (docs/reliability.md). Each runs QUIVER_FUZZ_SECONDS (60 by
+# default) from its committed seeds and what earlier runs found; a crash, a
+# leak, a broken promise or an input slower than a minute fails the run and
+# leaves the input in the build folder's crashes/.
+run_fuzzers() {
+    local fuzz="$build-fuzz" seconds=${QUIVER_FUZZ_SECONDS:-60}
+    CC=clang CXX=clang++ cmake -S "$here" -B "$fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+        -DORRINQUIVER_BUILD_FUZZ=ON -DORRINQUIVER_BUILD_TESTS=OFF -DORRINQUIVER_BUILD_BENCH=OFF
+    cmake --build "$fuzz" -j "$jobs" --target fuzzers
+    mkdir -p "$fuzz/crashes"
+    local program target dict
+    for program in "$fuzz"/fuzz/fuzz_*; do
+        [ -f "$program" ] && [ -x "$program" ] || continue
+        target=${program##*/fuzz_}
+        dict=()
+        [ -f "$here/fuzz/$target.dict" ] && dict=(-dict="$here/fuzz/$target.dict")
+        mkdir -p "$fuzz/corpus/$target"
+        echo "Fuzzing $target for $seconds s"
+        ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 \
+        LSAN_OPTIONS="suppressions=$here/tests/lsan.supp:print_suppressions=0" \
+        QT_QPA_PLATFORM=offscreen \
+            "$program" -max_total_time="$seconds" -timeout=60 -print_final_stats=1 \
+            -artifact_prefix="$fuzz/crashes/$target-" "${dict[@]}" \
+            "$fuzz/corpus/$target" "$here/fuzz/corpus/$target"
+    done
+}
+
 run_tests() {
     configure_and_build
     ctest --test-dir "$build" --output-on-failure -j "$jobs"
     check_install
     run_sanitized_tests
+    run_fuzzers
 }
 
 case "${1:-}" in
     demo) install_missing; run_demo ;;
     test) install_missing; run_tests ;;
-    *) echo "usage: $0 demo|test" >&2; exit 2 ;;
+    fuzz) install_missing; run_fuzzers ;;
+    *) echo "usage: $0 demo|test|fuzz" >&2; exit 2 ;;
 esac
