@@ -15,7 +15,9 @@
 #include <QtCore/QSet>
 #include <QtTest/QTest>
 
+#include <algorithm>
 #include <climits>
+#include <vector>
 
 namespace OrrinQuiver {
 
@@ -46,11 +48,12 @@ bool holdsGeneratedKey(const Items &items)
                        [](const Item *item) { return isGeneratedItemKey(item->Key()); });
 }
 
-// Why reading `items` back in document order would not give each member its
-// written key: an earlier member's caption or a key generated on the way
-// equals the key (the collection then replaces it). `generatedBefore` is the
-// number of keys the collection generated before reading; -1 when unknown,
-// which counts every generated-looking key as a clash.
+// Whether reading `items` back in document order could give a member another
+// key than the one written: when an earlier member's caption or a key
+// generated on the way equals it, the collection replaces it.
+// `generatedBefore` is the number of keys the collection generated before
+// reading; -1 when unknown, which counts every generated-looking key as a
+// clash.
 bool keysClashWhenRead(const Items &items, int generatedBefore)
 {
     QSet<QString> keys;
