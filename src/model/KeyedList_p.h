@@ -38,7 +38,8 @@ std::optional<int> toPosition(double number);
 constexpr int GeneratedKeyDigits = 5;
 // Room for a generated key: a prefix of up to 12 letters and a 64-bit counter.
 using KeyBuffer = std::array<char16_t, 32>;
-// `prefix` followed by `counter` written with at least five digits, in `buffer`.
+// `prefix` followed by `counter` written with at least GeneratedKeyDigits
+// digits, in `buffer`.
 QStringView formatKey(KeyBuffer &buffer, QStringView prefix, qint64 counter);
 QString formatKey(QStringView prefix, qint64 counter);
 
@@ -207,6 +208,7 @@ public:
         }
         return -1;
     }
+
     // A caption match (its cached Index must name a position) before a key match.
     bool exists(const Lookup &lookup) const
     {
@@ -418,10 +420,9 @@ private:
         tableRemove(member);
     }
 
+    // Only called while the table holds entries, so it has free slots too.
     size_t findKey(QStringView key, quint32 hash) const
     {
-        if (m_slots.empty())
-            return NoSlot;
         KeyBuffer buffer;
         for (size_t slot = hash & m_mask; m_slots[slot].member; slot = (slot + 1) & m_mask) {
             const Slot &entry = m_slots[slot];
