@@ -525,8 +525,10 @@ OLE_COLOR Quiver::BackColor() const { return d->backColor; }
 
 void Quiver::setBackColor(OLE_COLOR color)
 {
-    if (d->change(d->backColor, color))
-        d->recolorItems(QStringLiteral("BackColor"));
+    if (!d->change(d->backColor, color))
+        return;
+    update();
+    d->recolorItems(QStringLiteral("BackColor"));
 }
 
 OLE_COLOR Quiver::CheckColor() const { return d->checkColor; }

@@ -78,7 +78,7 @@ class Quiver : public QWidget
     Q_PROPERTY(OrrinQuiver::OLE_COLOR HeaderForeColor READ HeaderForeColor WRITE setHeaderForeColor)
     Q_PROPERTY(
         OrrinQuiver::OLE_COLOR HeaderOverForeColor READ HeaderOverForeColor WRITE setHeaderOverForeColor)
-    Q_PROPERTY(QString XML READ XML WRITE writeXml)
+    Q_PROPERTY(QString XML READ XML WRITE writeXml DESIGNABLE false STORED false)
     Q_PROPERTY(QString PropertyBagText READ PropertyBagText WRITE setPropertyBagText)
 
 public:
@@ -276,6 +276,8 @@ protected:
     void showEvent(QShowEvent *event) override;
     // Keeps the control at least 52 pixels wide and lays it out again.
     void resizeEvent(QResizeEvent *event) override;
+    // The surface between and around the bars shows BackColor.
+    void paintEvent(QPaintEvent *event) override;
 
 signals:
     // A persisted property changed; `name` is the property's own name.

@@ -1,4 +1,4 @@
-// What the control does when it is shown, resized, focused and when a
+// What the control does when it is shown, resized, painted, focused and when a
 // download it started completes.
 
 #include "control/Quiver.h"
@@ -10,9 +10,12 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
+#include "platform/SystemColors.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
+#include <QtGui/QPainter>
+#include <QtGui/QPaintEvent>
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QApplication>
 
@@ -91,6 +94,12 @@ void Quiver::resizeEvent(QResizeEvent *event)
         d->layoutStrip();
         d->repaintHeaderStrip(true);
     });
+}
+
+void Quiver::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), translateColor(d->backColor, palette()));
 }
 
 } // namespace OrrinQuiver
