@@ -602,6 +602,9 @@ void ModelStress::controlXml()
             && !indexLags(*header, position) && !keysClashWhenRead(*header->Items(), 0);
         headerCaptions.insert(header->Caption().toCaseFolded());
     }
+    // Reading opens a visible header instead of a hidden one that was open.
+    if (const Header *open = m_bar.SelectedHeader())
+        comparable = comparable && open->Visible();
     // Reading selects the open item by its Index.
     if (const Item *selected = m_bar.SelectedItem())
         comparable = comparable && selected->collection()->at(selected->Index()) == selected;
