@@ -129,6 +129,10 @@ public:
     // 1-based position of `member`, 0 when it is not one.
     int positionOf(const T *member) const
     {
+        // The cached Index names the position unless renumbering left it
+        // behind, so the scan is the exception, not the rule.
+        if (member && at(member->Index()) == member)
+            return member->Index();
         const auto it = std::find(m_members.begin(), m_members.end(), member);
         return it == m_members.end() ? 0 : int(it - m_members.begin()) + 1;
     }
