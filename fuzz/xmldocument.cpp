@@ -12,32 +12,38 @@
 using namespace OrrinQuiver;
 using namespace OrrinQuiver::FuzzSupport;
 
+namespace {
+
+void readDocument(const QString &text)
+{
+    Quiver bar;
+    bar.InitProperties();
+    const QString before = bar.XML();
+    try {
+        bar.setXML(text);
+    } catch (const QuiverError &) {
+        if (bar.XML() != before)
+            fail("a refused document changed the bar");
+        return;
+    }
+    if (!checkModel(*bar.Headers()).isEmpty())
+        fail("reading a document left the model unsound");
+    const QString written = bar.XML();
+    Quiver copy;
+    try {
+        copy.setXML(written);
+    } catch (const QuiverError &) {
+        fail("the bar could not read the document it wrote");
+    }
+    if (!checkModel(*copy.Headers()).isEmpty())
+        fail("reading a written document left the model unsound");
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
-    {
-        Quiver bar;
-        bar.InitProperties();
-        const QString before = bar.XML();
-        try {
-            bar.setXML(text);
-        } catch (const QuiverError &) {
-            if (bar.XML() != before)
-                fail("a refused document changed the bar");
-            return 0;
-        }
-        if (!checkModel(*bar.Headers()).isEmpty())
-            fail("reading a document left the model unsound");
-        const QString written = bar.XML();
-        Quiver copy;
-        try {
-            copy.setXML(written);
-        } catch (const QuiverError &) {
-            fail("the bar could not read the document it wrote");
-        }
-        if (!checkModel(*copy.Headers()).isEmpty())
-            fail("reading a written document left the model unsound");
-    }
+    readDocument(QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size)));
     returnToEventLoop();
     return 0;
 }
