@@ -14,12 +14,37 @@
 using namespace OrrinQuiver;
 using namespace OrrinQuiver::FuzzSupport;
 
+namespace {
+
+// Restoring lays the whole strip out once per header, so a bag that asks for
+// thousands of headers, or for millions of items, runs for minutes or hours
+// (docs/reliability.md, known and not fixed). Such bags are left out, so that
+// a bounded run reports faults rather than that known slowness.
+constexpr double MaxRestoredMembers = 20000;
+
+bool asksForTooMuch(const PropertyBag &bag)
+{
+    const double headers = bag.ReadProperty(QStringLiteral("NumHeaders"), 0).toDouble();
+    if (!(headers <= MaxRestoredMembers / 40))
+        return true;
+    double members = headers;
+    for (int i = 1; i <= int(headers); ++i)
+        members += bag.ReadProperty(QStringLiteral("Header%1Items").arg(i), 0).toDouble();
+    return !(members <= MaxRestoredMembers);
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString path = writeInput(data, size, QStringLiteral(".ini"));
     {
         QSettings settings(path, QSettings::IniFormat);
         const SettingsPropertyBag bag(settings);
+        if (asksForTooMuch(bag)) {
+            returnToEventLoop();
+            return 0;
+        }
         Quiver bar;
         bar.ReadProperties(bag);
         if (!checkModel(*bar.Headers()).isEmpty())
