@@ -1,5 +1,6 @@
 #include "control/DrawHeader.h"
 
+#include "platform/FitText.h"
 #include "platform/SystemColors.h"
 
 #include <QtGui/QFontMetrics>
@@ -44,12 +45,6 @@ void drawCorner(QPainter &painter, QPoint a, QPoint b, QPoint c, const QColor &c
 }
 
 } // namespace
-
-FittedText FitTextWithEllipsis(const QFontMetrics &metrics, const QString &text, int width)
-{
-    const QString fitted = metrics.elidedText(text, Qt::ElideRight, qMax(width, 0));
-    return { fitted, metrics.horizontalAdvance(fitted) };
-}
 
 void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, const QPalette &palette)
 {

@@ -42,18 +42,6 @@ struct HeaderLook
     HeaderColors colors;
 };
 
-struct FittedText
-{
-    QString text;
-    int width = 0;
-};
-
-// Shortens `text` with an ellipsis at its end so that it fits `width` pixels
-// in `metrics`' font, and returns it with its measured width. Text that fits
-// comes back unchanged; a width too small for anything gives the ellipsis or
-// an empty text.
-FittedText FitTextWithEllipsis(const QFontMetrics &metrics, const QString &text, int width);
-
 // Paints a bar of `size` (logical pixels) with `look`, resolving system
 // colours through `palette`. Lines are one logical pixel at any device pixel
 // ratio. A state outside the three known ones paints the flat background and

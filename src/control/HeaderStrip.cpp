@@ -4,7 +4,7 @@
 #include "control/HeaderGeometry.h"
 #include "control/HeaderSound.h"
 #include "control/Quiver_p.h"
-#include "control/SlideMover.h"
+#include "platform/SlideMover.h"
 #include "itemview/ItemContainer.h"
 #include "itemview/MousePointer.h"
 #include "model/Header.h"

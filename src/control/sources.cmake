@@ -19,9 +19,7 @@ target_sources(OrrinQuiver
         control/HeaderSound.cpp
         control/HeaderSound.h
         control/HeaderStrip.cpp
-        control/HeaderStrip.h
-        control/SlideMover.cpp
-        control/SlideMover.h)
+        control/HeaderStrip.h)
 
 # The built-in header click (made by scripts/make_folder_sound.py).
 target_sources(OrrinQuiver PRIVATE control/resources/sounds.qrc)

@@ -1,4 +1,5 @@
 #include "control/DrawHeader.h"
+#include "platform/FitText.h"
 #include "platform/SystemColors.h"
 
 #include <QtGui/QFontMetrics>

@@ -1,6 +1,6 @@
 #include "control/BarRecord.h"
 #include "control/HeaderGeometry.h"
-#include "control/SlideMover.h"
+#include "platform/SlideMover.h"
 
 #include <QtTest/QTest>
 

@@ -6,7 +6,7 @@
 #include "control/HeaderStrip.h"
 #include "control/Quiver.h"
 #include "control/Quiver_p.h"
-#include "control/SlideMover.h"
+#include "platform/SlideMover.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
 #include "model/Headers.h"

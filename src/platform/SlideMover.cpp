@@ -1,4 +1,4 @@
-#include "control/SlideMover.h"
+#include "platform/SlideMover.h"
 
 #include <cstdlib>
 

@@ -4,7 +4,8 @@
 
 namespace OrrinQuiver {
 
-// Moves a set of windows, given by their tops, by a distance in decelerating
+// Moves a set of windows (header bars, or the surface that carries a
+// header's items), given by their tops, by a distance in decelerating
 // frames: every frame covers a fixed minimum (a tenth of the distance, or a
 // fifth when fast) plus a tenth of what remains, and the last frame puts
 // every member on the leading member's target. The caller applies tops()
