@@ -1,6 +1,7 @@
 #include "itemview/ItemContainer.h"
 
 #include "itemview/MousePointer.h"
+#include "model/Items.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
@@ -25,6 +26,7 @@ public:
 
     // live[id - 1] is false once the item with view id `id` has been removed.
     std::vector<bool> live;
+    QPointer<Items> items;
     int itemCount = 0;
     // Child windows hosted by items, by view id, until they are given back
     // (an item's removal does not give its window back; the item does).
@@ -91,6 +93,8 @@ void ItemContainer::updatePointer(int pointer, const QVariant &picture)
 }
 
 QRect ItemContainer::itemRect(int) const { return {}; }
+
+void ItemContainer::showItems(Items *items) { d->items = items; }
 
 int ItemContainer::addItemWindow(int, const QString &)
 {

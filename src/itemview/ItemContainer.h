@@ -54,6 +54,7 @@ public:
     QRect itemRect(int viewId) const;
 
     // ItemViewLink
+    void showItems(Items *items) override;
     int addItemWindow(int position, const QString &caption) override;
     void removeItemWindow(int viewId) override;
     void relayoutItems(bool force) override;

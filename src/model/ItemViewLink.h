@@ -12,10 +12,17 @@ namespace OrrinQuiver {
 // items. The item view (itemview/) implements it; model tests use a recording
 // double. Positions are 1-based item positions, view ids are the ids that
 // addItemWindow() handed out. No call may throw.
+class Items;
+
 class ItemViewLink
 {
 public:
     virtual ~ItemViewLink() = default;
+
+    // The collection whose items the view shows from now on (null: none).
+    // The view reads item fields (caption, icons, Visible, Enabled, ...)
+    // straight from it when it lays out and paints.
+    virtual void showItems(Items *items) = 0;
 
     // Adds the window of a new item at `position` with its caption and returns
     // the item's view id (fixed for the item's life).

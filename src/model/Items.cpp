@@ -244,7 +244,11 @@ void Items::setHeader(Header *header)
 
 void Items::setItemView(ItemViewLink *view)
 {
+    if (d->view && d->view != view)
+        d->view->showItems(nullptr);
     d->view = view;
+    if (view)
+        view->showItems(this);
 }
 
 ItemViewLink *Items::itemView() const

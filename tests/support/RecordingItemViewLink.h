@@ -15,6 +15,7 @@
 class RecordingItemViewLink : public OrrinQuiver::ItemViewLink
 {
 public:
+    void showItems(OrrinQuiver::Items *) override { }
     int addItemWindow(int position, const QString &caption) override
     {
         record(QStringLiteral("addItemWindow(%1,%2)").arg(position).arg(caption));
