@@ -1,6 +1,8 @@
 #include "itemview/ItemContainer.h"
 
 #include "itemview/MousePointer.h"
+#include "itemview/ItemContainer_p.h"
+#include "model/Item.h"
 #include "model/Items.h"
 
 #include <QtCore/QHash>
@@ -19,40 +21,33 @@ QWidget *widgetOf(quintptr window) { return window ? QWidget::find(WId(window)) 
 
 } // namespace
 
-class ItemContainerPrivate
+ItemContainerPrivate::ItemContainerPrivate(ItemContainer *q)
+    : q(q)
+    , layout([this](int position) {
+        const Item *item = itemAt(position);
+        return item && item->Visible();
+    })
+{ }
+
+Item *ItemContainerPrivate::itemAt(int position) const { return items ? items->at(position) : nullptr; }
+
+bool ItemContainerPrivate::isLive(int viewId) const
 {
-public:
-    bool isLive(int viewId) const { return viewId >= 1 && viewId <= int(live.size()) && live[viewId - 1]; }
-
-    // live[id - 1] is false once the item with view id `id` has been removed.
-    std::vector<bool> live;
-    QPointer<Items> items;
-    int itemCount = 0;
-    // Child windows hosted by items, by view id, until they are given back
-    // (an item's removal does not give its window back; the item does).
-    QHash<int, QPointer<QWidget>> hosted;
-
-    bool active = false;
-    int collectionIndex = 0;
-    qvViewType view = qvViewLargeIcons;
-    qint16 currentItem = 0;
-    bool stayDownWithClick = false;
-    bool designMode = false;
-    OLE_COLOR defaultMaskColor = InitialMaskColor;
-};
+    return viewId >= 1 && viewId <= int(live.size()) && live[viewId - 1];
+}
 
 ItemContainer::ItemContainer(QWidget *parent)
     : QWidget(parent)
-    , d(std::make_unique<ItemContainerPrivate>())
+    , d(std::make_unique<ItemContainerPrivate>(this))
 { }
 
 ItemContainer::~ItemContainer()
 {
     // A hosted window belongs to the host: it must outlive the view, and the
     // item that hosts it gives it back to its former parent.
-    for (const QPointer<QWidget> &child : std::as_const(d->hosted)) {
-        if (child && child->parentWidget() == this)
-            child->setParent(nullptr);
+    for (const auto &hosted : std::as_const(d->hosted)) {
+        if (hosted.widget && hosted.widget->parentWidget() == this)
+            hosted.widget->setParent(nullptr);
     }
 }
 
@@ -69,6 +64,46 @@ void ItemContainer::setCollectionIndex(int position) { d->collectionIndex = posi
 qvViewType ItemContainer::View() const { return d->view; }
 
 void ItemContainer::setView(qvViewType view) { d->view = view; }
+
+const ItemLook &ItemContainer::look() const { return d->look; }
+
+void ItemContainer::setLook(const ItemLook &look) { d->look = look; }
+
+const IconGeometry &ItemContainer::iconGeometry() const { return d->geometry; }
+
+void ItemContainer::SizeItems(bool) { update(); }
+
+void ItemContainer::ForceResize() { }
+
+int ItemContainer::ItemTop(int) const { return 0; }
+
+int ItemContainer::TopItem() const { return 0; }
+
+int ItemContainer::LastFullyVisibleItem() const { return 0; }
+
+bool ItemContainer::IsDownArrowNeeded(int, int) const { return false; }
+
+void ItemContainer::SetArrows() { }
+
+quintptr ItemContainer::SetChild(int viewId, quintptr window) { return hostChildWindow(viewId, window); }
+
+int ItemContainer::positionAtSurfaceY(int) const { return 0; }
+
+int ItemContainer::sliderTop() const { return 0; }
+
+void ItemContainer::Scroll(int, bool) { }
+
+void ItemContainer::Slide(bool, bool) { }
+
+void ItemContainer::SetObscure(int) { }
+
+bool ItemContainer::isSliding() const { return false; }
+
+void ItemContainer::finishSlide() { }
+
+void ItemContainer::paintEvent(QPaintEvent *) { }
+
+void ItemContainer::resizeEvent(QResizeEvent *) { }
 
 qint16 ItemContainer::CurrentItem() const { return d->currentItem; }
 
@@ -163,7 +198,7 @@ quintptr ItemContainer::hostChildWindow(int viewId, quintptr window)
     const bool shown = !widget->isHidden();
     widget->setParent(this);
     widget->setVisible(shown);
-    d->hosted.insert(viewId, widget);
+    d->hosted.insert(viewId, { widget, {} });
     return formerParent;
 }
 
@@ -181,7 +216,7 @@ void ItemContainer::setChildWindowParent(quintptr window, quintptr parent)
     if (!widget)
         return;
     for (auto it = d->hosted.begin(); it != d->hosted.end();) {
-        if (it.value() == widget)
+        if (it.value().widget == widget)
             it = d->hosted.erase(it);
         else
             ++it;

@@ -4,6 +4,8 @@ target_sources(OrrinQuiver
         itemview/DrawItem.h
         itemview/ItemContainer.cpp
         itemview/ItemContainer.h
+        itemview/ItemContainer_p.h
+        itemview/ItemContainerInput.cpp
         itemview/ItemLayout.cpp
         itemview/ItemLayout.h
         itemview/ItemLook.h
