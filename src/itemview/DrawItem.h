@@ -38,6 +38,8 @@ struct ItemPaint
     bool bold = false;
     bool enabled = true;
     OLE_COLOR foreColor = SystemColors::Window;
+    // The colour that vanishes from the icon of a disabled item, besides the
+    // icon's own transparent pixels.
     OLE_COLOR maskColor = rgbColor(192, 192, 192);
     // Key or 1-based index into the image list of the view (Icon for large
     // icons, SmallIcon for small icons); an empty value or one the list does
@@ -55,10 +57,11 @@ struct ItemPaint
 int ItemHeight(const ItemLook &look, qvViewType view);
 
 // Paints one item into `rect` (logical pixels of the view's surface), which
-// the caller has already filled with the look's back colour. System colours
-// resolve through `palette`. The caption is elided to fit; lines stay one
-// logical pixel at any device pixel ratio. A state outside the three known
-// ones paints as ItemNormal.
+// the caller has already filled with the look's back colour; nothing is
+// painted outside `rect`. System colours resolve through `palette`. The
+// caption is elided to fit; lines stay one logical pixel at any device pixel
+// ratio. A state outside the three known ones paints as ItemNormal; an
+// inactive painter or an empty rectangle paints nothing.
 void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvViewType view,
               const IconGeometry &geometry, const ItemPaint &item, const QPalette &palette);
 
