@@ -3,6 +3,8 @@
 #include "itemview/DrawItem.h"
 #include "model/QuiverEnums.h"
 
+#include <QtCore/QtGlobal>
+
 #include <functional>
 #include <vector>
 
@@ -13,7 +15,8 @@ namespace OrrinQuiver {
 // small icons mode 1, left 0, cell 20; Windows styles (1, 3) mode 7, left
 // (width - 32) / 2 - 2, cell `width`; Visual Studio (4) mode 0, left 4, cell
 // `width`. Division truncates towards zero (a narrow view gives a negative
-// left, which is kept). A style outside qvStyle returns `current` unchanged.
+// left, which is kept). A style outside qvStyle, or a view outside qvViewType
+// in an Outlook style, returns `current` unchanged.
 IconGeometry iconGeometryFor(qvStyle style, qvViewType view, int width, const IconGeometry &current);
 
 // The gap between stacked items: 2 pixels in the Outlook styles (0, 2) in
@@ -35,18 +38,19 @@ public:
     using VisibleFn = std::function<bool(int position)>;
 
     // `visible` is asked for positions 1..count(); it must stay valid for the
-    // layout's life.
+    // layout's life. An empty `visible` counts every item visible.
     explicit ItemLayout(VisibleFn visible);
 
-    // The number of items; changing it keeps what was read below the
-    // smaller of the old and new count.
+    // The number of items (a negative count means 0); changing it keeps what
+    // was read below the smaller of the old and new count.
     int count() const;
     void setCount(int count);
     // Positions from `position` on must be read again (an item was inserted,
     // removed or changed its Visible there). Values below 1 mean all.
     void invalidateFrom(int position);
 
-    // Row height and gap; a change re-stacks everything.
+    // Row height and gap; a change re-stacks everything without reading the
+    // items again. Negative values count as 0.
     int rowHeight() const;
     void setRowHeight(int height);
     int gap() const;
@@ -83,7 +87,7 @@ public:
     // as a 16-bit integer. False without items.
     bool isDownArrowNeeded(int surfaceTop, int viewHeight) const;
     // The distance a one-item slide moves the surface: the row height of the
-    // item at the top slot (0 without items).
+    // item at the top slot (0 when no item is there, as without items).
     int slideDistance() const;
     // Recomputes the last fully visible slot after the view moved by at most
     // one item: walks positions from (last slot - 1, at least 1) to count(),
@@ -102,7 +106,16 @@ public:
     bool checkInvariants() const;
 
 private:
+    qint64 stride() const;
+    // Reads the Visible flags of the positions up to `position`.
     void ensureRead(int position) const;
+    // Drops what was read from `position` on.
+    void forgetFrom(int position) const;
+    // Visible items among positions 1..position - 1 (position <= count + 1).
+    int visibleBefore(int position) const;
+    // The first position p with visibleBefore(p) >= `visible`, or a
+    // position past count + 1 when there is none; everything must be read.
+    int firstPositionWithVisibleBefore(int visible) const;
 
     VisibleFn m_visible;
     int m_count = 0;
@@ -115,7 +128,6 @@ private:
     // no item read so far is hidden.
     mutable std::vector<int> m_visibleBefore;
     mutable int m_readUpTo = 0;
-    mutable int m_hiddenCount = 0;
 };
 
 } // namespace OrrinQuiver
