@@ -49,13 +49,13 @@ IconGeometry iconGeometryFor(qvStyle style, qvViewType view, int width, const Ic
     case qvStyleOutlook:
     case qvStyleOutlookXP:
         if (view == qvViewLargeIcons)
-            return { OutlookLargeMode, (width - OutlookLargeCell) / 2, OutlookLargeCell };
+            return { OutlookLargeMode, int((qint64(width) - OutlookLargeCell) / 2), OutlookLargeCell };
         if (view == qvViewSmallIcons)
             return { OutlookSmallMode, OutlookSmallLeft, OutlookSmallCell };
         return current;
     case qvStyleWindows2000:
     case qvStyleWindowsXP:
-        return { WindowsMode, (width - WindowsIcon) / 2 - WindowsIconShift, width };
+        return { WindowsMode, int((qint64(width) - WindowsIcon) / 2 - WindowsIconShift), width };
     case qvStyleVisualStudio:
         return { VisualStudioMode, VisualStudioLeft, width };
     }
