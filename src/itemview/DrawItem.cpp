@@ -65,10 +65,7 @@ StyleGroup groupOf(qvStyle style)
     }
 }
 
-bool isStacked(int layoutMode)
-{
-    return layoutMode != OutlookSmallMode && layoutMode != FlatMode;
-}
+bool isStacked(int layoutMode) { return layoutMode != OutlookSmallMode && layoutMode != FlatMode; }
 
 // The large view draws from the bar's Icons, the small view from SmallIcons.
 const ImageList *listFor(const ItemLook &look, qvViewType view)
@@ -226,12 +223,14 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     FittedText caption;
     QPoint captionAt;
     if (stacked) {
-        const int cellWidth = geometry.layoutMode == OutlookLargeMode ? geometry.iconCellWidth : LargeCellWidth;
+        const int cellWidth
+            = geometry.layoutMode == OutlookLargeMode ? geometry.iconCellWidth : LargeCellWidth;
         iconCell = QRect(
             QPoint(rect.left() + geometry.iconLeft + (cellWidth - cell.width()) / 2, rect.top() + StackedTop),
             cell);
         caption = FitTextWithEllipsis(metrics, item.caption, rect.width() - 2 * CaptionMargin);
-        captionAt = QPoint(rect.left() + (rect.width() - caption.width) / 2, iconCell.bottom() + 1 + CaptionGap);
+        captionAt
+            = QPoint(rect.left() + (rect.width() - caption.width) / 2, iconCell.bottom() + 1 + CaptionGap);
     } else {
         iconCell = QRect(
             QPoint(rect.left() + geometry.iconLeft, rect.top() + (rect.height() - cell.height()) / 2), cell);
@@ -263,7 +262,8 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
         drawEdges(painter, lit, color(c.highlight), color(c.dkShadow));
     }
 
-    const QPoint shift = look.moveWithClick && state == ItemPressed ? QPoint(PressOffset, PressOffset) : QPoint();
+    const QPoint shift
+        = look.moveWithClick && state == ItemPressed ? QPoint(PressOffset, PressOffset) : QPoint();
     drawIcon(painter, iconCell.topLeft() + QPoint(IconPad, IconPad) + shift, look, view, item, palette);
 
     const QRect textRect(captionAt + shift, QSize(caption.width, metrics.height()));
@@ -285,7 +285,8 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     painter.setPen(text);
     painter.drawText(baseline, caption.text);
     if (item.hasFocus)
-        drawFocusOutline(painter, textRect.adjusted(-FocusMargin, -FocusMargin, FocusMargin, FocusMargin), text);
+        drawFocusOutline(painter, textRect.adjusted(-FocusMargin, -FocusMargin, FocusMargin, FocusMargin),
+                         text);
     painter.restore();
 }
 
