@@ -180,6 +180,41 @@ void drawIcon(QPainter &painter, QPoint at, const ItemLook &look, qvViewType vie
                                                  images->ItemPicture(index), item.maskColor, options);
 }
 
+// Where the parts of an item go inside its rectangle.
+struct Placement
+{
+    QRect iconCell;
+    FittedText caption;
+    QPoint captionAt; // top-left of the caption line
+};
+
+Placement place(const QRect &rect, const IconGeometry &geometry, QSize icon, const QFontMetrics &metrics,
+                const QString &caption)
+{
+    const QSize cell = icon + QSize(2 * IconPad, 2 * IconPad);
+    Placement p;
+    if (isStacked(geometry.layoutMode)) {
+        const int cellWidth
+            = geometry.layoutMode == OutlookLargeMode ? geometry.iconCellWidth : LargeCellWidth;
+        p.iconCell = QRect(
+            QPoint(rect.left() + geometry.iconLeft + (cellWidth - cell.width()) / 2, rect.top() + StackedTop),
+            cell);
+        p.caption = FitTextWithEllipsis(metrics, caption, rect.width() - 2 * CaptionMargin);
+        p.captionAt = QPoint(rect.left() + (rect.width() - p.caption.width) / 2,
+                             p.iconCell.bottom() + 1 + CaptionGap);
+        return p;
+    }
+    p.iconCell = QRect(
+        QPoint(rect.left() + geometry.iconLeft, rect.top() + (rect.height() - cell.height()) / 2), cell);
+    int captionLeft = p.iconCell.right() + 1;
+    if (geometry.layoutMode == OutlookSmallMode)
+        captionLeft = qMax(captionLeft, rect.left() + geometry.iconLeft + geometry.iconCellWidth);
+    captionLeft += CaptionIndent;
+    p.caption = FitTextWithEllipsis(metrics, caption, rect.right() + 1 - CaptionMargin - captionLeft);
+    p.captionAt = QPoint(captionLeft, rect.top() + (rect.height() - metrics.height()) / 2);
+    return p;
+}
+
 int captionHeight(const QFont &font)
 {
     QFont bold = font;
@@ -205,7 +240,6 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
         return;
     const int state = item.state == ItemHot || item.state == ItemPressed ? item.state : ItemNormal;
     const StyleGroup group = groupOf(look.style);
-    const bool stacked = isStacked(geometry.layoutMode);
     const ItemColors &c = look.colors;
     const auto color = [&palette](OLE_COLOR ole) { return translateColor(ole, palette); };
 
@@ -216,34 +250,10 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     font.setUnderline(state == ItemHot && look.underlineOnMove);
     painter.setFont(font);
     const QFontMetrics metrics = painter.fontMetrics();
-
-    // The icon cell, and where the caption goes beside or below it.
-    const QSize cell = iconSize(look, view) + QSize(2 * IconPad, 2 * IconPad);
-    QRect iconCell;
-    FittedText caption;
-    QPoint captionAt;
-    if (stacked) {
-        const int cellWidth
-            = geometry.layoutMode == OutlookLargeMode ? geometry.iconCellWidth : LargeCellWidth;
-        iconCell = QRect(
-            QPoint(rect.left() + geometry.iconLeft + (cellWidth - cell.width()) / 2, rect.top() + StackedTop),
-            cell);
-        caption = FitTextWithEllipsis(metrics, item.caption, rect.width() - 2 * CaptionMargin);
-        captionAt
-            = QPoint(rect.left() + (rect.width() - caption.width) / 2, iconCell.bottom() + 1 + CaptionGap);
-    } else {
-        iconCell = QRect(
-            QPoint(rect.left() + geometry.iconLeft, rect.top() + (rect.height() - cell.height()) / 2), cell);
-        int captionLeft = iconCell.right() + 1;
-        if (geometry.layoutMode == OutlookSmallMode)
-            captionLeft = qMax(captionLeft, rect.left() + geometry.iconLeft + geometry.iconCellWidth);
-        captionLeft += CaptionIndent;
-        caption = FitTextWithEllipsis(metrics, item.caption, rect.right() + 1 - CaptionMargin - captionLeft);
-        captionAt = QPoint(captionLeft, rect.top() + (rect.height() - metrics.height()) / 2);
-    }
+    const Placement at = place(rect, geometry, iconSize(look, view), metrics, item.caption);
 
     // What lights up: the icon cell of Outlook's large icons, else the row.
-    const QRect lit = group == StyleGroup::Outlook && stacked ? iconCell : rect;
+    const QRect lit = group == StyleGroup::Outlook && isStacked(geometry.layoutMode) ? at.iconCell : rect;
     if (item.staysDown)
         clsDrawPictures(palette).PaintCheckPattern(painter, lit, clsDrawPictures::DitherPattern(), c.check,
                                                    &palette);
@@ -264,26 +274,22 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
 
     const QPoint shift
         = look.moveWithClick && state == ItemPressed ? QPoint(PressOffset, PressOffset) : QPoint();
-    drawIcon(painter, iconCell.topLeft() + QPoint(IconPad, IconPad) + shift, look, view, item, palette);
+    drawIcon(painter, at.iconCell.topLeft() + QPoint(IconPad, IconPad) + shift, look, view, item, palette);
 
-    const QRect textRect(captionAt + shift, QSize(caption.width, metrics.height()));
+    const QRect textRect(at.captionAt + shift, QSize(at.caption.width, metrics.height()));
     const QPoint baseline = textRect.topLeft() + QPoint(0, metrics.ascent());
     QColor text;
     if (!item.enabled) {
         // Etched, as the desktop draws disabled text: a light copy below
         // right, the shadow copy on top.
         painter.setPen(color(c.highlight));
-        painter.drawText(baseline + QPoint(EtchOffset, EtchOffset), caption.text);
+        painter.drawText(baseline + QPoint(EtchOffset, EtchOffset), at.caption.text);
         text = color(c.shadow);
-    } else if (state == ItemPressed) {
-        text = color(c.downFore);
-    } else if (state == ItemHot) {
-        text = color(c.overFore);
     } else {
-        text = color(item.foreColor);
+        text = color(state == ItemPressed ? c.downFore : state == ItemHot ? c.overFore : item.foreColor);
     }
     painter.setPen(text);
-    painter.drawText(baseline, caption.text);
+    painter.drawText(baseline, at.caption.text);
     if (item.hasFocus)
         drawFocusOutline(painter, textRect.adjusted(-FocusMargin, -FocusMargin, FocusMargin, FocusMargin),
                          text);
