@@ -220,6 +220,8 @@ void tst_DrawItem::edges_data()
     add("outlook large stays down", qvStyleOutlook, qvViewLargeIcons, ItemNormal, true,
         check + frame("dk", "hl"));
     add("outlook small hot", qvStyleOutlook, qvViewSmallIcons, ItemHot, false, raised);
+    add("outlook small pressed stays down", qvStyleOutlookXP, qvViewSmallIcons, ItemPressed, true,
+        check + frame("dk", "hl"));
     add("outlook small normal", qvStyleOutlook, qvViewSmallIcons, ItemNormal, false,
         frame("back", "back") + fill("back"));
     add("windows hot", qvStyleWindows2000, qvViewLargeIcons, ItemHot, false, raised);
