@@ -16,6 +16,17 @@ namespace OrrinQuiver {
 namespace {
 // Mask colour of an item made without one from a view.
 constexpr OLE_COLOR DefaultItemMaskColor = 0xC0C0C0;
+
+// `text` without spare capacity. Texts that a program builds piece by piece
+// (QString::number, operator+, arg) carry room to grow; an item keeps its
+// texts for its whole life, and with a million items that room would cost
+// more than the texts themselves.
+QString compacted(QString text)
+{
+    if (text.capacity() > text.size())
+        text.squeeze();
+    return text;
+}
 }
 
 // The fields most items never use, made on first use.
@@ -75,13 +86,18 @@ ControlLink *Item::control() const
 
 void Item::storeKey(const QString &value)
 {
-    m_key = value;
+    if (value.isEmpty())
+        m_ownKey.reset();
+    else if (m_ownKey)
+        *m_ownKey = compacted(value);
+    else
+        m_ownKey = std::make_unique<QString>(compacted(value));
     m_keyNumber = 0;
 }
 
 void Item::storeGeneratedKey(quint32 number)
 {
-    m_key = QString();
+    m_ownKey.reset();
     m_keyNumber = number;
 }
 
@@ -108,7 +124,7 @@ QStringView Item::keyText(KeyBuffer &buffer) const
 {
     if (m_keyNumber)
         return formatKey(buffer, GeneratedItemKeyPrefix, m_keyNumber);
-    return m_key;
+    return m_ownKey ? QStringView(*m_ownKey) : QStringView();
 }
 
 void Item::link(Items *collection)
@@ -165,7 +181,7 @@ void Item::setCaption(const QString &value)
         caption.remove(QLatin1String("\r\n"));
     if (m_collection)
         m_collection->d->list.captionChanged(m_caption, caption);
-    m_caption = std::move(caption);
+    m_caption = compacted(std::move(caption));
     if (!toolTipFollows && m_extra && m_extra->toolTip == m_caption) {
         // The separate tool tip now equals the caption, so from here on it follows.
         m_extra->toolTip.clear();
@@ -249,7 +265,9 @@ void Item::setForeColor(OLE_COLOR value)
 
 QString Item::Key() const
 {
-    return m_keyNumber ? formatKey(GeneratedItemKeyPrefix, m_keyNumber) : m_key;
+    if (m_keyNumber)
+        return formatKey(GeneratedItemKeyPrefix, m_keyNumber);
+    return m_ownKey ? *m_ownKey : QString();
 }
 
 void Item::setKey(const QString &value)

@@ -175,19 +175,22 @@ private:
 
     // An item's state lives in the object itself rather than behind a
     // d-pointer: a header may hold a million items, so the QObject (with its
-    // strings) is the only allocation per item. Rarely used fields live in
-    // the lazily made extra block.
+    // caption) is all that is allocated for most items. Rarely used fields
+    // live in the lazily made extra block.
     QString m_caption;
-    QString m_key;
     Items *m_collection = nullptr;
     std::unique_ptr<ItemExtra> m_extra;
+    // A key of the program's own, nullptr while the key is generated (or
+    // empty): such keys are rare among a header's many items, so they are
+    // kept apart rather than spend a string's 24 bytes in every item.
+    std::unique_ptr<QString> m_ownKey;
     int m_index = 0;
     int m_viewId = -1;
     OLE_COLOR m_foreColor = 0;
     OLE_COLOR m_maskColor;
     // A key that Add generated is kept as its number ("NEW_ITEM" and at
-    // least five digits), with m_key null: most items carry such a key, and
-    // the text is made only when asked for.
+    // least five digits), with m_ownKey null: most items carry such a key,
+    // and the text is made only when asked for.
     quint32 m_keyNumber = 0;
     bool m_bold : 1;
     bool m_enabled : 1;

@@ -86,8 +86,11 @@ public:
     void retireAll();
 
 private:
-    // Children per holder: removal scans at most this many pointers.
-    static constexpr int MembersPerHolder = 64;
+    // Children per holder: removal scans at most this many pointers. A
+    // QObject keeps its children in a QList, whose block Qt grows to the next
+    // power of two; 126 pointers and the list's header fill a 1 KiB block
+    // exactly, where 64 would leave half of one empty.
+    static constexpr int MembersPerHolder = 126;
     std::vector<QObject *> m_holders;
 };
 
@@ -100,9 +103,11 @@ private:
 // collections that are only filled and shown never pay for the count.
 //
 // Members whose key the collection generated (T::keyNumber() not 0, see
-// below) are kept out of the table, in a vector sorted by that number: the
-// numbers only grow, so adding one appends, where a hash table would touch a
-// random place in memory for every member added.
+// below) are kept out of the table, in a vector indexed by that number: the
+// numbers only grow, so adding one appends a pointer, where a hash table
+// would spend a slot and a half and touch a random place in memory for every
+// member added. A number that would leave that vector mostly empty goes to
+// the table instead.
 //
 // T provides Key(), keyText(KeyBuffer &) (the key as a view, possibly into
 // the buffer), Caption(), Index(), storeIndex(int) (which also clears the
@@ -179,6 +184,9 @@ public:
     {
         m_members.clear();
         m_numbered.clear();
+        m_firstNumber = 0;
+        m_numberedUsed = 0;
+        m_leadingHoles = 0;
         m_slots.clear();
         m_tableUsed = 0;
         m_mask = 0;
@@ -345,14 +353,28 @@ public:
         }
         if (used != m_tableUsed)
             problems << QStringLiteral("key table holds %1 entries, not %2").arg(used).arg(m_tableUsed);
-        for (size_t i = 0; i < m_numbered.size(); ++i) {
-            if (i > 0 && m_numbered[i - 1].number >= m_numbered[i].number)
-                problems << QStringLiteral("generated keys out of order at %1").arg(m_numbered[i].number);
-            if (std::find(m_members.begin(), m_members.end(), m_numbered[i].member) == m_members.end())
-                problems << QStringLiteral("generated key %1 is no member").arg(m_numbered[i].number);
+        if constexpr (Numbered) {
+            size_t firstUsed = m_numbered.size();
+            size_t numberedUsed = 0;
+            for (size_t i = 0; i < m_numbered.size(); ++i) {
+                const T *entry = m_numbered[i];
+                if (!entry)
+                    continue;
+                firstUsed = std::min(firstUsed, i);
+                ++numberedUsed;
+                if (entry->keyNumber() != m_firstNumber + i)
+                    problems << QStringLiteral("generated key %1 kept under %2").arg(entry->Key()).arg(m_firstNumber + i);
+                if (std::find(m_members.begin(), m_members.end(), entry) == m_members.end())
+                    problems << QStringLiteral("generated key %1 is no member").arg(entry->Key());
+            }
+            if (!m_numbered.empty() && (!m_numbered.back() || firstUsed != m_leadingHoles))
+                problems << QStringLiteral("generated keys: empty slots at the ends are not as recorded");
+            if (numberedUsed != m_numberedUsed)
+                problems << QStringLiteral("generated keys: %1 kept, not %2").arg(numberedUsed).arg(m_numberedUsed);
+            used += numberedUsed;
         }
-        if (used + m_numbered.size() != m_members.size())
-            problems << QStringLiteral("%1 keys kept for %2 members").arg(used + m_numbered.size()).arg(m_members.size());
+        if (used != m_members.size())
+            problems << QStringLiteral("%1 keys kept for %2 members").arg(used).arg(m_members.size());
         for (const T *member : m_members) {
             if (withKey(member->Key()) != member)
                 problems << QStringLiteral("key \"%1\" does not find its member").arg(member->Key());
@@ -381,33 +403,70 @@ private:
         return withKey(member->keyText(buffer)) != nullptr;
     }
 
-    // Where generated key `number` is or would go in m_numbered.
-    size_t numberedIndex(quint32 number) const
-    {
-        // New keys carry the highest number so far: they go last.
-        if (m_numbered.empty() || m_numbered.back().number < number)
-            return m_numbered.size();
-        const auto it = std::lower_bound(m_numbered.begin(), m_numbered.end(), number,
-                                         [](const NumberedKey &entry, quint32 n) { return entry.number < n; });
-        return size_t(it - m_numbered.begin());
-    }
-
-    // The member with generated key `number`, nullptr when none (or 0).
+    // The member kept in m_numbered under generated key `number`, nullptr
+    // when none (or 0).
     T *numbered(quint32 number) const
     {
-        if (!number)
-            return nullptr;
-        const size_t i = numberedIndex(number);
-        return i < m_numbered.size() && m_numbered[i].number == number ? m_numbered[i].member : nullptr;
+        const size_t i = size_t(number - m_firstNumber);
+        return number && number >= m_firstNumber && i < m_numbered.size() ? m_numbered[i] : nullptr;
+    }
+
+    // Keeps `member` under its generated key `number`; false when the number
+    // lies below the vector or so far past it that the slots up to it would
+    // be mostly empty (the key then goes to the table).
+    bool numberedInsert(T *member, quint32 number)
+    {
+        if (m_numberedUsed == 0) {
+            m_numbered.assign(1, member);
+            m_firstNumber = number;
+            m_numberedUsed = 1;
+            m_leadingHoles = 0;
+            return true;
+        }
+        if (number < m_firstNumber)
+            return false;
+        const size_t i = size_t(number - m_firstNumber);
+        if (i >= m_numbered.size()) {
+            if (i >= 2 * (m_numberedUsed + 1) + MinimumNumberedRun)
+                return false;
+            m_numbered.resize(i + 1, nullptr);
+        }
+        m_numbered[i] = member;
+        ++m_numberedUsed;
+        m_leadingHoles = std::min(m_leadingHoles, i);
+        return true;
+    }
+
+    // Drops the slot of generated key `number`, which must be in use. Empty
+    // slots at the end go at once; those at the front go once they are half
+    // the vector, so removing from the front costs O(1) amortised.
+    void numberedRemove(quint32 number)
+    {
+        const size_t i = size_t(number - m_firstNumber);
+        m_numbered[i] = nullptr;
+        if (--m_numberedUsed == 0) {
+            m_numbered.clear();
+            m_leadingHoles = 0;
+            return;
+        }
+        while (!m_numbered.back())
+            m_numbered.pop_back();
+        if (i == m_leadingHoles) {
+            while (!m_numbered[m_leadingHoles])
+                ++m_leadingHoles;
+        }
+        if (m_leadingHoles * 2 > m_numbered.size()) {
+            m_numbered.erase(m_numbered.begin(), m_numbered.begin() + ptrdiff_t(m_leadingHoles));
+            m_firstNumber += quint32(m_leadingHoles);
+            m_leadingHoles = 0;
+        }
     }
 
     void keyInsert(T *member)
     {
         if constexpr (Numbered) {
-            if (const quint32 number = member->keyNumber()) {
-                m_numbered.insert(m_numbered.begin() + ptrdiff_t(numberedIndex(number)), NumberedKey { number, member });
+            if (const quint32 number = member->keyNumber(); number && numberedInsert(member, number))
                 return;
-            }
         }
         KeyBuffer buffer;
         tableInsert(member, foldedKeyHash(member->keyText(buffer)));
@@ -416,8 +475,8 @@ private:
     void keyRemove(const T *member)
     {
         if constexpr (Numbered) {
-            if (const quint32 number = member->keyNumber()) {
-                m_numbered.erase(m_numbered.begin() + ptrdiff_t(numberedIndex(number)));
+            if (const quint32 number = member->keyNumber(); number && numbered(number) == member) {
+                numberedRemove(number);
                 return;
             }
         }
@@ -490,15 +549,19 @@ private:
         quint32 hash;
     };
 
-    struct NumberedKey
-    {
-        quint32 number;
-        T *member;
-    };
+    // A generated number may open a run of empty slots this long before the
+    // vector counts as mostly empty.
+    static constexpr size_t MinimumNumberedRun = 64;
 
     std::vector<T *> m_members;
-    // Members with generated keys, by key number; the others are in m_slots.
-    std::vector<NumberedKey> m_numbered;
+    // Members with generated keys: slot i holds the member whose key number
+    // is m_firstNumber + i, or nullptr. The last slot is in use unless the
+    // vector is empty; m_leadingHoles counts the empty slots before the first
+    // used one. Other members are in m_slots.
+    std::vector<T *> m_numbered;
+    quint32 m_firstNumber = 0;
+    size_t m_numberedUsed = 0;
+    size_t m_leadingHoles = 0;
     std::vector<Slot> m_slots;
     size_t m_tableUsed = 0;
     size_t m_mask = 0;

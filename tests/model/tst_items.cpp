@@ -15,6 +15,8 @@ private slots:
     void add_data();
     void add();
     void generatedKeys();
+    void generatedKeysAtScale_data();
+    void generatedKeysAtScale();
     void lookups_data();
     void lookups();
     void remove_data();
@@ -138,6 +140,60 @@ void tst_Items::generatedKeys()
         alone.NextKey();
     QCOMPARE(alone.NextKey(), QStringLiteral("ITEM99999"));
     QCOMPARE(alone.NextKey(), QStringLiteral("ITEM100000"));
+}
+
+void tst_Items::generatedKeysAtScale_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QList<int>>("removals");
+    QTest::addColumn<int>("skippedNumbers");
+    QTest::addColumn<int>("added");
+
+    QList<int> front(250, 1);
+    QList<int> everyOther;
+    for (int p = 2; p <= 150; ++p)
+        everyOther << p;
+    QList<int> lastFirst;
+    for (int p = 300; p >= 1; --p)
+        lastFirst << p;
+    QTest::newRow("removing from the front") << 300 << front << 0 << 20;
+    QTest::newRow("middle removals, then more adds") << 300 << everyOther << 0 << 200;
+    QTest::newRow("a far number after a gap") << 3 << QList<int> { 2 } << 500 << 3;
+    QTest::newRow("the first removed after a gap") << 3 << QList<int> { 1, 1 } << 500 << 3;
+    QTest::newRow("all removed, then adds") << 300 << lastFirst << 0 << 5;
+}
+
+void tst_Items::generatedKeysAtScale()
+{
+    QFETCH(int, count);
+    QFETCH(QList<int>, removals);
+    QFETCH(int, skippedNumbers);
+    QFETCH(int, added);
+
+    Items alone;
+    for (int i = 0; i < count; ++i)
+        alone.Add();
+    QStringList removed;
+    for (int position : removals) {
+        removed << alone.at(position)->Key();
+        alone.RemoveAt(position);
+        CHECK_ITEMS(alone);
+    }
+    for (int i = 0; i < skippedNumbers; ++i)
+        alone.NextKey();
+    for (int i = 0; i < added; ++i)
+        QVERIFY(alone.Add());
+    CHECK_ITEMS(alone);
+    QCOMPARE(alone.Count(), count - int(removals.size()) + added);
+    for (const Item *item : alone)
+        QCOMPARE(alone.Item(item->Key().toLower()), item);
+    for (const QString &key : std::as_const(removed))
+        QVERIFY(!alone.Exists(key));
+    while (alone.Count() > 0) {
+        alone.RemoveAt(alone.Count());
+        CHECK_ITEMS(alone);
+    }
+    flushDeletions();
 }
 
 void tst_Items::lookups_data()
