@@ -2,7 +2,6 @@
 
 #include "control/HeaderStrip.h"
 #include "control/Quiver_p.h"
-#include "control/ScriptErrors.h"
 #include "control/modQuiver.h"
 #include "design/StylePreset.h"
 #include "itemview/ItemContainer.h"
@@ -11,6 +10,7 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
+#include "platform/ScriptErrors.h"
 #include "platform/SoundOutput.h"
 #include "serialize/XmlReader.h"
 #include "serialize/XmlWriter.h"

@@ -1,10 +1,5 @@
 # Filled in as the control code lands.
 
-# The bridge that hands a raised error to the calling script.
-target_sources(OrrinQuiver
-    PRIVATE control/ScriptErrors.cpp
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES control/ScriptErrors.h)
-
 # The header strip: bars, geometry, the slide, bar painting and bar records.
 target_sources(OrrinQuiver
     PRIVATE

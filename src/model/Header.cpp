@@ -6,6 +6,7 @@
 #include "model/Items.h"
 #include "model/Headers_p.h"
 #include "model/QuiverError.h"
+#include "platform/ScriptErrors.h"
 
 namespace OrrinQuiver {
 
@@ -265,7 +266,7 @@ QString Header::readXml() const
     try {
         return XML();
     } catch (const QuiverError &error) {
-        qWarning("OrrinQuiver error %d: %s", error.Number(), qUtf8Printable(error.Description()));
+        reportToScript(this, error);
     } catch (...) {
         qWarning("OrrinQuiver: writing a header's XML failed");
     }
@@ -277,7 +278,7 @@ void Header::writeXml(const QString &value)
     try {
         setXML(value);
     } catch (const QuiverError &error) {
-        qWarning("OrrinQuiver error %d: %s", error.Number(), qUtf8Printable(error.Description()));
+        reportToScript(this, error);
     } catch (...) {
         qWarning("OrrinQuiver: reading a header's XML failed");
     }

@@ -2,6 +2,7 @@
 
 #include "model/ControlLink.h"
 #include "model/QuiverError.h"
+#include "platform/ScriptErrors.h"
 
 namespace OrrinQuiver {
 
@@ -80,7 +81,7 @@ QString Navigation::readHistoryXml() const
     try {
         return HistoryXML();
     } catch (const QuiverError &error) {
-        qWarning("OrrinQuiver error %d: %s", error.Number(), qUtf8Printable(error.Description()));
+        reportToScript(this, error);
     } catch (...) {
         qWarning("OrrinQuiver: writing the history failed");
     }

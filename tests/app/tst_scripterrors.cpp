@@ -1,4 +1,8 @@
-#include "control/ScriptErrors.h"
+#include "RecordingControlLink.h"
+
+#include "control/Quiver.h"
+#include "model/Navigation.h"
+#include "platform/ScriptErrors.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtQml/QJSEngine>
@@ -23,6 +27,17 @@ public:
     void setText(const QString &text) { reportToScript(this, QuiverError(qvErrorXMLInvalidContent, text)); }
 };
 
+// A control whose history writer fails, as one that gets no memory for the
+// document would.
+class FailingHistoryLink : public RecordingControlLink
+{
+public:
+    QString historyXml() const override
+    {
+        throw QuiverError(qvErrorXMLParserNotPresent, QStringLiteral("MSXML or MSXML3 not found during XML operation"));
+    }
+};
+
 class tst_ScriptErrors : public QObject
 {
     Q_OBJECT
@@ -34,6 +49,8 @@ private slots:
     void throwsIntoScript();
     void strayErrorIsTakenBack();
     void withoutEngineWarns();
+    void modelErrorsReachTheScript_data();
+    void modelErrorsReachTheScript();
 
 private:
     QJSEngine *m_engine = nullptr;
@@ -104,5 +121,43 @@ void tst_ScriptErrors::withoutEngineWarns()
     reportToScript(nullptr, QuiverError(3, QStringLiteral("no receiver")));
 }
 
-QTEST_GUILESS_MAIN(tst_ScriptErrors)
+void tst_ScriptErrors::modelErrorsReachTheScript_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("expected");
+
+    const QString caught = QStringLiteral("try { %1; 'not thrown' } catch (e) { e.number + '|' + e.message }");
+    const QString invalid = QString::number(qvErrorXMLInvalidContent) + QStringLiteral("|Invalid XML content supplied");
+    QTest::newRow("Header.XML, text that does not parse")
+        << caught.arg("q.Headers.Item(1).XML = 'not xml'") << invalid;
+    QTest::newRow("Header.XML, no header element")
+        << caught.arg("q.Headers.Item(1).XML = '<orrinquiver version=\"201\" data=\"items\"/>'") << invalid;
+    QTest::newRow("Header.XML, uncaught") << "q.Headers.Item(1).XML = '<x/>'; 'went on'"
+                                          << "Error: Invalid XML content supplied";
+    QTest::newRow("Header.XML, a valid fragment")
+        << caught.arg("var h = q.Headers.Item(1); h.Items.Add(0, 'k'); h.XML = h.XML") << "not thrown";
+    QTest::newRow("Navigation.HistoryXML")
+        << caught.arg("history.HistoryXML")
+        << QString::number(qvErrorXMLParserNotPresent) + "|MSXML or MSXML3 not found during XML operation";
+}
+
+void tst_ScriptErrors::modelErrorsReachTheScript()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, expected);
+    Quiver quiver;
+    quiver.InitProperties();
+    FailingHistoryLink link;
+    Navigation history(&link);
+    for (const auto &[name, object] : { std::pair<const char *, QObject *> { "q", &quiver }, { "history", &history } }) {
+        QJSEngine::setObjectOwnership(object, QJSEngine::CppOwnership);
+        m_engine->globalObject().setProperty(QLatin1String(name), m_engine->newQObject(object));
+    }
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    QCOMPARE(m_engine->evaluate(script).toString(), expected);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_engine->evaluate(QStringLiteral("'next'")).toString(), QStringLiteral("next"));
+}
+
+QTEST_MAIN(tst_ScriptErrors)
 #include "tst_scripterrors.moc"

@@ -1,4 +1,4 @@
-#include "control/ScriptErrors.h"
+#include "platform/ScriptErrors.h"
 
 #include <QtCore/QMetaObject>
 #include <QtQml/QJSEngine>
