@@ -29,6 +29,9 @@ inline constexpr char ItemsData[] = "items";
 inline constexpr char HistoryData[] = "history";
 // The one attribute of a header fragment's header element: the header's key.
 inline constexpr char FilterSourceAttribute[] = "filter-src";
+// The first two attributes of every header and item element.
+inline constexpr char CaptionAttribute[] = "caption";
+inline constexpr char KeyAttribute[] = "key";
 
 // How a style attribute of the control document holds its property's value.
 enum class StyleValue {

@@ -16,7 +16,9 @@
 
 #include <pugixml.hpp>
 
+#include <charconv>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace OrrinQuiver::XmlReader {
@@ -55,7 +57,17 @@ pugi::xml_node loadRoot(pugi::xml_document &document, QByteArray &utf8)
 }
 
 // How an attribute's text becomes the value of a header or item property.
-enum class Conversion { Text, Boolean, Integer, Real };
+// The common types are written straight into the property, without a
+// QVariant; the rest go through the meta-object's own conversion.
+enum class Conversion {
+    String, // a QString property: the text
+    VariantText, // a QVariant property (Tag, Icon): the text
+    Boolean,
+    Int, // an int property: a Long
+    UInt, // a 32-bit unsigned property (a colour): a Long, the same 32 bits
+    OtherInteger, // other integers and enumerations: a Long, converted by the meta-object
+    Real,
+};
 
 struct PropertySlot
 {
@@ -66,22 +78,25 @@ struct PropertySlot
 std::optional<Conversion> conversionFor(QMetaType type)
 {
     if (type.flags() & QMetaType::IsEnumeration)
-        return Conversion::Integer;
+        return Conversion::OtherInteger;
     switch (type.id()) {
     case QMetaType::QString:
+        return Conversion::String;
     case QMetaType::QVariant:
-        return Conversion::Text;
+        return Conversion::VariantText;
     case QMetaType::Bool:
         return Conversion::Boolean;
     case QMetaType::Int:
+        return Conversion::Int;
     case QMetaType::UInt:
+        return Conversion::UInt;
     case QMetaType::Short:
     case QMetaType::UShort:
     case QMetaType::Long:
     case QMetaType::ULong:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
-        return Conversion::Integer;
+        return Conversion::OtherInteger;
     case QMetaType::Float:
     case QMetaType::Double:
         return Conversion::Real;
@@ -90,8 +105,82 @@ std::optional<Conversion> conversionFor(QMetaType type)
     }
 }
 
+// A Long from the attribute's text. The writers' plain decimal integers are
+// read from the UTF-8 as they stand; anything else (blanks, a fraction, an
+// exponent) takes the full reading.
+std::optional<qint32> longOf(const char *text)
+{
+    qint32 value = 0;
+    const char *end = text + std::strlen(text);
+    const auto [stop, error] = std::from_chars(text, end, value);
+    if (error == std::errc() && stop == end)
+        return value;
+    return parseLong(QString::fromUtf8(text));
+}
+
+// Hands `value`, which has exactly the property's type, to its setter.
+void writeTyped(QObject &object, const QMetaProperty &property, void *value)
+{
+    int status = -1;
+    int flags = 0;
+    void *arguments[] = { value, nullptr, &status, &flags };
+    QMetaObject::metacall(&object, QMetaObject::WriteProperty, property.propertyIndex(), arguments);
+}
+
+// Sets the property from the attribute's text; false when the text does not
+// convert to the property's type.
+bool write(QObject &object, const PropertySlot &slot, const char *text)
+{
+    switch (slot.conversion) {
+    case Conversion::String: {
+        QString value = QString::fromUtf8(text);
+        writeTyped(object, slot.property, &value);
+        return true;
+    }
+    case Conversion::VariantText: {
+        QVariant value(QString::fromUtf8(text));
+        writeTyped(object, slot.property, &value);
+        return true;
+    }
+    case Conversion::Boolean:
+        if (auto flag = parseBoolean(QString::fromUtf8(text))) {
+            writeTyped(object, slot.property, &*flag);
+            return true;
+        }
+        return false;
+    case Conversion::Int:
+        if (const auto number = longOf(text)) {
+            int value = *number;
+            writeTyped(object, slot.property, &value);
+            return true;
+        }
+        return false;
+    case Conversion::UInt:
+        // Colours are Longs in the document: a negative number is the same
+        // 32 bits as the unsigned value.
+        if (const auto number = longOf(text)) {
+            quint32 value = quint32(*number);
+            writeTyped(object, slot.property, &value);
+            return true;
+        }
+        return false;
+    case Conversion::OtherInteger:
+        if (const auto number = longOf(text))
+            return slot.property.write(&object, QVariant(qlonglong(*number)));
+        return false;
+    case Conversion::Real:
+        if (const auto number = parseNumber(QString::fromUtf8(text)))
+            return slot.property.write(&object, QVariant(*number));
+        return false;
+    }
+    return false;
+}
+
 // The writable properties a class declares itself (QObject's objectName is
-// not part of the object model), found by name in any letter case.
+// not part of the object model), found by name in any letter case. A
+// document repeats the same few attribute names on every element, so each
+// name, as written, is searched for once and then recognised by a plain
+// compare.
 class PropertyTable
 {
 public:
@@ -106,79 +195,120 @@ public:
         }
     }
 
-    const PropertySlot *find(const char *name) const
+    const PropertySlot *find(const char *name)
     {
+        for (const auto &[written, slot] : m_seen) {
+            if (written == name)
+                return slot;
+        }
         for (const PropertySlot &slot : m_slots) {
-            if (qstricmp(slot.property.name(), name) == 0)
+            if (qstricmp(slot.property.name(), name) == 0) {
+                // Spellings in other letter cases are bounded, so a hostile
+                // document cannot grow the list without end.
+                if (m_seen.size() < MaxSpellings)
+                    m_seen.emplace_back(name, &slot);
                 return &slot;
+            }
         }
         return nullptr;
     }
 
 private:
+    static constexpr size_t MaxSpellings = 64;
     std::vector<PropertySlot> m_slots;
+    std::vector<std::pair<std::string, const PropertySlot *>> m_seen;
 };
-
-std::optional<QVariant> convert(Conversion conversion, const QString &value)
-{
-    switch (conversion) {
-    case Conversion::Text:
-        return QVariant(value);
-    case Conversion::Boolean:
-        if (const auto flag = parseBoolean(value))
-            return QVariant(*flag);
-        return std::nullopt;
-    case Conversion::Integer:
-        // Colours and handles are Longs in the document: a negative number is
-        // the same 32 bits as the unsigned value.
-        if (const auto number = parseLong(value))
-            return QVariant(qlonglong(*number));
-        return std::nullopt;
-    case Conversion::Real:
-        if (const auto number = parseNumber(value))
-            return QVariant(*number);
-        return std::nullopt;
-    }
-    return std::nullopt;
-}
 
 // Sets the property named by the attribute; false when there is no such
 // property or the value does not convert to its type.
-bool setFromAttribute(QObject &object, const PropertyTable &table, const pugi::xml_attribute &attribute)
+bool setFromAttribute(QObject &object, PropertyTable &table, const pugi::xml_attribute &attribute)
 {
     const PropertySlot *slot = table.find(attribute.name());
-    if (!slot)
-        return false;
-    std::optional<QVariant> value = convert(slot->conversion, text(attribute));
-    return value && slot->property.write(&object, std::move(*value));
+    return slot && write(object, *slot, attribute.value());
 }
 
-const PropertyTable &headerProperties()
+// The caption and key an item element starts with, in either order (the
+// writers put them first), and the attribute after them.
+struct Opening
 {
-    static const PropertyTable table(Header::staticMetaObject);
-    return table;
+    const char *caption = nullptr;
+    const char *key = nullptr;
+    pugi::xml_attribute rest;
+};
+
+// True when `name` is `lowerCase` in any letter case; the writer's own
+// spelling is recognised without folding.
+bool isName(const char *name, const char *lowerCase)
+{
+    return std::strcmp(name, lowerCase) == 0 || qstricmp(name, lowerCase) == 0;
 }
 
-const PropertyTable &itemProperties()
+Opening openingOf(const pugi::xml_node &element)
 {
-    static const PropertyTable table(Item::staticMetaObject);
-    return table;
+    Opening opening;
+    pugi::xml_attribute attribute = element.first_attribute();
+    for (; attribute; attribute = attribute.next_attribute()) {
+        if (!opening.caption && isName(attribute.name(), CaptionAttribute))
+            opening.caption = attribute.value();
+        else if (!opening.key && isName(attribute.name(), KeyAttribute))
+            opening.key = attribute.value();
+        else
+            break;
+    }
+    opening.rest = attribute;
+    return opening;
 }
+
+// Adds the item for an element that starts as `opening` says, with its
+// caption and key. Adding with the caption ends the same as adding with
+// none and then setting it. A key that is no member's key or caption goes
+// to Add directly, which ends as re-keying would: the counter moves on
+// once, for the generated key that re-keying replaces, and no other member
+// is touched. Any other key is set as the attribute would set it. nullptr
+// when the collection takes no item.
+Item *addItem(Items &items, const Opening &opening)
+{
+    const QString caption = opening.caption ? QString::fromUtf8(opening.caption) : QString();
+    if (opening.key && *opening.key) {
+        const QString key = QString::fromUtf8(opening.key);
+        if (items.IndexOfCaption(key) == -1 && !items.withKey(key)) {
+            if (Item *item = items.Add(0, key, caption)) {
+                items.NextKey();
+                item->setLive(false);
+                return item;
+            }
+        }
+    }
+    Item *item = items.Add(0, QString(), caption);
+    if (!item)
+        return nullptr;
+    item->setLive(false);
+    if (opening.key)
+        item->setKey(QString::fromUtf8(opening.key));
+    return item;
+}
+
+// The property tables of one reading.
+struct Tables
+{
+    PropertyTable header { Header::staticMetaObject };
+    PropertyTable item { Item::staticMetaObject };
+};
 
 // Adds an item for every "item" child of `element`. The first attribute that
 // cannot be set ends the reading of these items; the item being read then
 // stays not live.
-void readItems(Items &items, const pugi::xml_node &element)
+void readItems(Items &items, Tables &tables, const pugi::xml_node &element)
 {
     for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
         if (std::strcmp(child.name(), ItemElement) != 0)
             continue;
-        Item *item = items.Add();
+        const Opening opening = openingOf(child);
+        Item *item = addItem(items, opening);
         if (!item)
             return;
-        item->setLive(false);
-        for (const pugi::xml_attribute &attribute : child.attributes()) {
-            if (!setFromAttribute(*item, itemProperties(), attribute))
+        for (pugi::xml_attribute attribute = opening.rest; attribute; attribute = attribute.next_attribute()) {
+            if (!setFromAttribute(*item, tables.item, attribute))
                 return;
         }
         item->setLive(true);
@@ -262,7 +392,7 @@ int checkVersion(const pugi::xml_node &root)
 // Adds a header for every "header" child of the root, with its items. The
 // first header attribute that cannot be set ends the whole reading; the
 // header being read then stays not live and nothing is redrawn.
-void readHeaders(Headers &headers, const pugi::xml_node &root)
+void readHeaders(Headers &headers, Tables &tables, const pugi::xml_node &root)
 {
     Header *last = nullptr;
     for (pugi::xml_node child = root.first_child(); child; child = child.next_sibling()) {
@@ -273,10 +403,10 @@ void readHeaders(Headers &headers, const pugi::xml_node &root)
             return;
         header->setLive(false);
         for (const pugi::xml_attribute &attribute : child.attributes()) {
-            if (!setFromAttribute(*header, headerProperties(), attribute))
+            if (!setFromAttribute(*header, tables.header, attribute))
                 return;
         }
-        readItems(*header->Items(), child);
+        readItems(*header->Items(), tables, child);
         header->setLive(true);
         last = header;
     }
@@ -298,7 +428,8 @@ void readControlDocument(QObject &control, Headers &headers, Navigation &navigat
         headers.Clear();
     if (version >= FirstStyledVersion)
         readStyle(control, navigation, root);
-    readHeaders(headers, root);
+    Tables tables;
+    readHeaders(headers, tables, root);
 }
 
 void readHeaderFragment(Header &header, const QString &xml)
@@ -309,7 +440,8 @@ void readHeaderFragment(Header &header, const QString &xml)
     if (!element)
         throw invalidContent();
     header.Items()->Clear();
-    readItems(*header.Items(), element);
+    Tables tables;
+    readItems(*header.Items(), tables, element);
 }
 
 } // namespace OrrinQuiver::XmlReader

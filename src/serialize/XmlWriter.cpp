@@ -110,8 +110,8 @@ void setBoolean(pugi::xml_node element, const char *name, bool value)
 template<typename Member>
 void writeIdentity(Document &document, pugi::xml_node element, const Member &member)
 {
-    document.setText(element, "caption", member.Caption());
-    document.setText(element, "key", member.Key());
+    document.setText(element, CaptionAttribute, member.Caption());
+    document.setText(element, KeyAttribute, member.Key());
     element.append_attribute("index").set_value(member.Index());
 }
 

@@ -24,6 +24,14 @@ const QString InvalidContent = QStringLiteral("Invalid XML content supplied");
 
 void *failingAllocate(size_t) { return nullptr; }
 
+// A header fragment holding `items`.
+QString fragmentOf(const QString &items)
+{
+    return QStringLiteral("<?xml version=\"1.0\"?><orrinquiver version=\"201\" data=\"items\">"
+                          "<header filter-src=\"h\">%1</header></orrinquiver>")
+        .arg(items);
+}
+
 } // namespace
 
 class tst_Xml : public QObject
@@ -44,6 +52,10 @@ private slots:
     void readStyle();
     void readFragment_data();
     void readFragment();
+    void readItemKeys_data();
+    void readItemKeys();
+    void readItemValues_data();
+    void readItemValues();
     void callsThatReachTheControl();
     void noMemoryForTheDocument();
     void scriptGetsTheError();
@@ -325,6 +337,75 @@ void tst_Xml::readFragment()
     QCOMPARE(outline(quiver), lines);
 }
 
+void tst_Xml::readItemKeys_data()
+{
+    QTest::addColumn<QString>("items");
+    QTest::addColumn<QString>("keys");
+
+    // The keys read, then the key the next Items.Add() generates: taken keys
+    // and generated ones use up the collection's counter alike.
+    QTest::newRow("free keys") << "<item caption='A' key='a'/><item caption='B' key='b'/>"
+                               << "a b NEW_ITEM00003";
+    QTest::newRow("key before caption") << "<item key='a' caption='A'/>" << "a NEW_ITEM00002";
+    QTest::newRow("key equal to its own caption") << "<item caption='Same' key='same'/>" << "same NEW_ITEM00002";
+    QTest::newRow("key taken in another case") << "<item key='a'/><item key='A'/>" << "a ITEM00003 NEW_ITEM00004";
+    QTest::newRow("key equal to an earlier caption")
+        << "<item caption='Mail' key='m'/><item key='mail'/>" << "m ITEM00003 NEW_ITEM00004";
+    QTest::newRow("empty key") << "<item caption='A' key=''/>" << "ITEM00002 NEW_ITEM00003";
+    QTest::newRow("no key") << "<item caption='A'/>" << "NEW_ITEM00001 NEW_ITEM00002";
+    QTest::newRow("a stop before the key") << "<item index='x' key='k'/>" << "NEW_ITEM00001 NEW_ITEM00002";
+    QTest::newRow("names in any letter case") << "<item CAPTION='A' Key='a'/><item caption='B' KEY='b'/>"
+                                              << "a b NEW_ITEM00003";
+}
+
+void tst_Xml::readItemKeys()
+{
+    QFETCH(QString, items);
+    QFETCH(QString, keys);
+    Quiver quiver;
+    quiver.InitProperties();
+    Header *header = quiver.Headers()->at(1);
+    header->setXML(fragmentOf(items));
+    header->Items()->Add();
+    QStringList actual;
+    for (const Item *item : *header->Items())
+        actual << item->Key();
+    QCOMPARE(actual.join(u' '), keys);
+    const QStringList problems = checkModel(*quiver.Headers());
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
+}
+
+void tst_Xml::readItemValues_data()
+{
+    QTest::addColumn<QString>("items");
+    QTest::addColumn<QStringList>("lines");
+
+    QTest::newRow("index with blanks and a sign")
+        << "<item key='a' index=' 7 '/><item key='b' index='+3'/><item key='c' index='-2'/>"
+        << QStringList { "I a  7", "I b  3", "I c  -2" };
+    QTest::newRow("index rounded half to even") << "<item key='a' index='2.5'/><item key='b' index='3.5e0'/>"
+                                                << QStringList { "I a  2", "I b  4" };
+    QTest::newRow("index beyond a Long stops the items")
+        << "<item key='a' index='2147483648'/><item key='b'/>" << QStringList { "I a  1 not live" };
+    QTest::newRow("negative colour is a system colour")
+        << "<item key='a' maskcolor='-2147483633' forecolor='255'/>"
+        << QStringList { "I a  1 fore=ff mask=8000000f" };
+    QTest::newRow("every spelling of a name")
+        << "<item caption='A' key='a' tooltiptext='t'/><item Caption='B' key='b' ToolTipText='u'/>"
+           "<item CAPTION='C' key='c' TOOLTIPTEXT='v'/>"
+        << QStringList { "I a A 1 tip=t", "I b B 2 tip=u", "I c C 3 tip=v" };
+}
+
+void tst_Xml::readItemValues()
+{
+    QFETCH(QString, items);
+    QFETCH(QStringList, lines);
+    Quiver quiver;
+    quiver.InitProperties();
+    quiver.Headers()->at(1)->setXML(fragmentOf(items));
+    QCOMPARE(outline(quiver).mid(1), lines);
+}
+
 void tst_Xml::callsThatReachTheControl()
 {
     RecordingControlLink link;
@@ -340,10 +421,14 @@ void tst_Xml::callsThatReachTheControl()
                             "relayoutStrip()", "openHeader(2)", "relayoutStrip()", "openHeader(2)",
                             "selectItem(2)", "loadUrlIcon(file:///nonexistent/later.png,true)",
                             "redrawHeaderBar(2)" }));
-    const QStringList added { "addItemWindow(1,)", "relayoutItems(false)", "redrawItem(1)",
-                              "addItemWindow(2,)", "relayoutItems(false)", "redrawItem(2)" };
-    QCOMPARE(link.view(1)->take(), added);
-    QCOMPARE(link.view(2)->take(), QStringList { "setView(1)" } + added);
+    // An item reaches its view with the caption it was written with.
+    const auto added = [](const char *first, const char *second) {
+        return QStringList { QStringLiteral("addItemWindow(1,%1)").arg(first), "relayoutItems(false)",
+                             "redrawItem(1)", QStringLiteral("addItemWindow(2,%1)").arg(second),
+                             "relayoutItems(false)", "redrawItem(2)" };
+    };
+    QCOMPARE(link.view(1)->take(), added("Inbox", "Sent"));
+    QCOMPARE(link.view(2)->take(), QStringList { "setView(1)" } + added("Today", "Later"));
 }
 
 void tst_Xml::noMemoryForTheDocument()
