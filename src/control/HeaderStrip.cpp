@@ -10,6 +10,7 @@
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Items.h"
+#include "platform/MouseCodes.h"
 #include "platform/SoundOutput.h"
 
 #include <QtCore/QFile>
@@ -27,26 +28,6 @@ namespace {
 constexpr int SlideFrameInterval = 10;
 // How far the mouse moves with the left button down before a header drag starts.
 constexpr qreal DragThreshold = 2;
-
-// Mouse buttons and modifier keys as the header events report them.
-constexpr int LeftButtonBit = 1;
-constexpr int RightButtonBit = 2;
-constexpr int MiddleButtonBit = 4;
-constexpr int ShiftBit = 1;
-constexpr int ControlBit = 2;
-constexpr int AltBit = 4;
-
-int buttonCode(Qt::MouseButtons buttons)
-{
-    return (buttons & Qt::LeftButton ? LeftButtonBit : 0) | (buttons & Qt::RightButton ? RightButtonBit : 0)
-        | (buttons & Qt::MiddleButton ? MiddleButtonBit : 0);
-}
-
-int shiftCode(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers & Qt::ShiftModifier ? ShiftBit : 0) | (modifiers & Qt::ControlModifier ? ControlBit : 0)
-        | (modifiers & Qt::AltModifier ? AltBit : 0);
-}
 
 // Strictly inside: a point on the bar's first row or column counts as out.
 bool inside(const QWidget *widget, QPointF point)

@@ -2,6 +2,8 @@ target_sources(OrrinQuiver
     PRIVATE
         platform/FitText.cpp
         platform/FitText.h
+        platform/MouseCodes.cpp
+        platform/MouseCodes.h
         platform/SlideMover.cpp
         platform/SlideMover.h
         platform/SystemColors.cpp
