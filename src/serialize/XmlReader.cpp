@@ -203,8 +203,9 @@ public:
         }
         for (const PropertySlot &slot : m_slots) {
             if (qstricmp(slot.property.name(), name) == 0) {
-                // Spellings in other letter cases are bounded, so a hostile
-                // document cannot grow the list without end.
+                // Only so many spellings are remembered: a document that
+                // writes a name in ever new letter cases cannot grow the list
+                // without end.
                 if (m_seen.size() < MaxSpellings)
                     m_seen.emplace_back(name, &slot);
                 return &slot;
