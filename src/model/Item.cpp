@@ -6,6 +6,7 @@
 #include "model/ItemViewLink.h"
 #include "model/Items.h"
 #include "model/Items_p.h"
+#include "model/ItemSlots_p.h"
 
 #include <QtCore/QRect>
 
@@ -27,6 +28,45 @@ QString compacted(QString text)
         text.squeeze();
     return text;
 }
+}
+
+// AddressSanitizer sees a use after free only in blocks of the global heap,
+// so sanitized builds give every item a block of its own.
+#if defined(__SANITIZE_ADDRESS__)
+#define QUIVER_ITEMS_FROM_HEAP 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QUIVER_ITEMS_FROM_HEAP 1
+#endif
+#endif
+#ifndef QUIVER_ITEMS_FROM_HEAP
+#define QUIVER_ITEMS_FROM_HEAP 0
+#endif
+
+namespace {
+constexpr bool ItemsFromHeap = QUIVER_ITEMS_FROM_HEAP;
+
+ItemSlots &itemSlots()
+{
+    // Never destroyed: an item may be deleted while static objects are.
+    static ItemSlots *const pool = new ItemSlots(sizeof(Item));
+    return *pool;
+}
+} // namespace
+
+void *Item::operator new(std::size_t size)
+{
+    if (ItemsFromHeap || size != sizeof(Item))
+        return ::operator new(size);
+    return itemSlots().take();
+}
+
+void Item::operator delete(void *item, std::size_t size) noexcept
+{
+    if (ItemsFromHeap || size != sizeof(Item))
+        ::operator delete(item);
+    else
+        itemSlots().give(item);
 }
 
 // The fields most items never use, made on first use.

@@ -7,6 +7,7 @@
 #include <QtCore/QVariant>
 
 #include <array>
+#include <cstddef>
 #include <memory>
 
 namespace OrrinQuiver {
@@ -122,6 +123,12 @@ public:
     Q_INVOKABLE void OLEDrag();
     // Opens the caption editor on the item; nothing without a view.
     Q_INVOKABLE void StartLabelEdit();
+
+    // Items live in the slots of a shared pool rather than each in a block
+    // of the global heap. A size other than an Item's (a derived class) goes
+    // to the global heap; deleting nullptr does nothing.
+    static void *operator new(std::size_t size);
+    static void operator delete(void *item, std::size_t size) noexcept;
 
     // Internal accessors for the control and the item view.
 

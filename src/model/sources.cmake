@@ -6,6 +6,8 @@ target_sources(OrrinQuiver
         model/Item.cpp
         model/Items.cpp
         model/Items_p.h
+        model/ItemSlots.cpp
+        model/ItemSlots_p.h
         model/KeyedList.cpp
         model/KeyedList_p.h
         model/ModelChecker.cpp

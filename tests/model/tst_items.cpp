@@ -17,6 +17,8 @@ private slots:
     void generatedKeys();
     void generatedKeysAtScale_data();
     void generatedKeysAtScale();
+    void itemLifetimes_data();
+    void itemLifetimes();
     void lookups_data();
     void lookups();
     void remove_data();
@@ -194,6 +196,49 @@ void tst_Items::generatedKeysAtScale()
         CHECK_ITEMS(alone);
     }
     flushDeletions();
+}
+
+void tst_Items::itemLifetimes_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("stride");
+    QTest::addColumn<bool>("deleteDirectly");
+
+    // Items share slabs of a few hundred; these counts end inside one, at
+    // its edge and a slot past it, and over several.
+    QTest::newRow("one item, removed") << 1 << 1 << false;
+    QTest::newRow("all of a slab's worth, deleted") << 744 << 1 << true;
+    QTest::newRow("a slot past a slab, every other removed") << 745 << 2 << false;
+    QTest::newRow("several slabs, every third deleted") << 2000 << 3 << true;
+    QTest::newRow("several slabs, all removed") << 2000 << 1 << false;
+}
+
+void tst_Items::itemLifetimes()
+{
+    QFETCH(int, count);
+    QFETCH(int, stride);
+    QFETCH(bool, deleteDirectly);
+
+    Items alone;
+    QList<QPointer<Item>> gone;
+    for (int i = 1; i <= count; ++i)
+        alone.Add(0, QString(), QStringLiteral("c%1").arg(i))->setTag(i);
+    for (int p = count - count % stride; p >= 1; p -= stride) {
+        gone << alone.at(p);
+        if (deleteDirectly)
+            delete alone.at(p);
+        else
+            alone.RemoveAt(p);
+    }
+    flushDeletions();
+    for (const QPointer<Item> &item : std::as_const(gone))
+        QVERIFY(item.isNull());
+    for (int i = 1; i <= count; ++i)
+        alone.Add(0, QString(), QStringLiteral("c%1").arg(count + i))->setTag(count + i);
+    CHECK_ITEMS(alone);
+    QCOMPARE(alone.Count(), 2 * count - int(gone.size()));
+    for (const Item *item : alone)
+        QCOMPARE(item->Caption(), QStringLiteral("c%1").arg(item->Tag().toInt()));
 }
 
 void tst_Items::lookups_data()
