@@ -4,7 +4,9 @@
 #include "control/Quiver_p.h"
 #include "control/modQuiver.h"
 #include "design/StylePreset.h"
+#include "imaging/ImageList.h"
 #include "itemview/ItemContainer.h"
+#include "itemview/ItemLook.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Item.h"
@@ -159,8 +161,39 @@ void QuiverPrivate::restyleHeaders(bool redrawAll, const QString &name)
 
 void QuiverPrivate::redrawItemViews()
 {
-    for (ItemContainer *view : views())
+    const ItemLook look = itemLook();
+    for (ItemContainer *view : views()) {
+        view->setLook(look);
         view->relayoutItems(true);
+    }
+}
+
+ItemLook QuiverPrivate::itemLook() const
+{
+    ItemLook look;
+    look.style = style;
+    look.colors = { .back = backColor,
+                    .overFore = itemOverForeColor,
+                    .overBack = itemOverBackColor,
+                    .downFore = itemDownForeColor,
+                    .downBack = itemDownBackColor,
+                    .check = checkColor,
+                    .highlight = highlightColor,
+                    .shadow = shadowColor,
+                    .dkShadow = dkShadowColor };
+    look.font = q->font();
+    look.underlineOnMove = itemsUnderlineOnMove;
+    look.moveWithClick = itemsMoveWithClick;
+    look.icons = qobject_cast<ImageList *>(icons.data());
+    look.smallIcons = qobject_cast<ImageList *>(smallIcons.data());
+    return look;
+}
+
+void QuiverPrivate::restyleItemViews()
+{
+    const ItemLook look = itemLook();
+    for (ItemContainer *view : views())
+        view->setLook(look);
 }
 
 void QuiverPrivate::repaintHeaderStrip(bool force) { strip->repaint(force); }
@@ -330,6 +363,7 @@ ControlLink::HeaderViews QuiverPrivate::createHeaderViews(int position, const QS
     container->setStayDownWithClick(itemsStayDownWithClick);
     container->setDefaultMaskColor(defaultMaskColor);
     container->updatePointer(itemPointer, itemIcon);
+    container->setLook(itemLook());
     container->setView(view);
     container->setCollectionIndex(position);
 
@@ -571,6 +605,7 @@ void Quiver::setShadowColor(OLE_COLOR color)
     d->shadowColor = color;
     d->highlightColor = color;
     quietly([this] {
+        d->restyleItemViews();
         d->headerRedraw = true;
         d->layoutStrip();
     });
@@ -579,8 +614,10 @@ void Quiver::setShadowColor(OLE_COLOR color)
 
 void Quiver::setHighlightColor(OLE_COLOR color)
 {
-    if (d->change(d->highlightColor, color))
-        d->restyleHeaders(true, QStringLiteral("HighlightColor"));
+    if (!d->change(d->highlightColor, color))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->restyleHeaders(true, QStringLiteral("HighlightColor"));
 }
 
 void Quiver::setHeaderBackColor(OLE_COLOR color)
@@ -625,48 +662,60 @@ OLE_COLOR Quiver::ItemOverForeColor() const { return d->itemOverForeColor; }
 
 void Quiver::setItemOverForeColor(OLE_COLOR color)
 {
-    if (d->change(d->itemOverForeColor, color))
-        d->notify(QStringLiteral("ItemOverForeColor"));
+    if (!d->change(d->itemOverForeColor, color))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemOverForeColor"));
 }
 
 OLE_COLOR Quiver::ItemOverBackColor() const { return d->itemOverBackColor; }
 
 void Quiver::setItemOverBackColor(OLE_COLOR color)
 {
-    if (d->change(d->itemOverBackColor, color))
-        d->notify(QStringLiteral("ItemOverBackColor"));
+    if (!d->change(d->itemOverBackColor, color))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemOverBackColor"));
 }
 
 OLE_COLOR Quiver::ItemDownBackColor() const { return d->itemDownBackColor; }
 
 void Quiver::setItemDownBackColor(OLE_COLOR color)
 {
-    if (d->change(d->itemDownBackColor, color))
-        d->notify(QStringLiteral("ItemDownBackColor"));
+    if (!d->change(d->itemDownBackColor, color))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemDownBackColor"));
 }
 
 OLE_COLOR Quiver::ItemDownForeColor() const { return d->itemDownForeColor; }
 
 void Quiver::setItemDownForeColor(OLE_COLOR color)
 {
-    if (d->change(d->itemDownForeColor, color))
-        d->notify(QStringLiteral("ItemDownForeColor"));
+    if (!d->change(d->itemDownForeColor, color))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemDownForeColor"));
 }
 
 bool Quiver::ItemsMoveWithClick() const { return d->itemsMoveWithClick; }
 
 void Quiver::setItemsMoveWithClick(bool on)
 {
-    if (d->change(d->itemsMoveWithClick, on))
-        d->notify(QStringLiteral("ItemsMoveWithClick"));
+    if (!d->change(d->itemsMoveWithClick, on))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemsMoveWithClick"));
 }
 
 bool Quiver::ItemsUnderlineOnMove() const { return d->itemsUnderlineOnMove; }
 
 void Quiver::setItemsUnderlineOnMove(bool on)
 {
-    if (d->change(d->itemsUnderlineOnMove, on))
-        d->notify(QStringLiteral("ItemsUnderlineOnMove"));
+    if (!d->change(d->itemsUnderlineOnMove, on))
+        return;
+    quietly([this] { d->restyleItemViews(); });
+    d->notify(QStringLiteral("ItemsUnderlineOnMove"));
 }
 
 bool Quiver::PlaySounds() const { return d->playSounds; }
@@ -721,6 +770,7 @@ void Quiver::setFont(const QFont &font)
     quietly([this, &font] {
         for (ItemContainer *view : d->views())
             view->setFont(font);
+        d->restyleItemViews();
         d->headerRedraw = true;
         d->layoutStrip();
     });
@@ -731,12 +781,19 @@ quintptr Quiver::hWnd() const { return quintptr(winId()); }
 
 QObject *Quiver::Icons() const { return d->icons; }
 
-void Quiver::setIcons(QObject *images) { d->icons = images; }
+void Quiver::setIcons(QObject *images)
+{
+    d->icons = images;
+    quietly([this] { d->restyleItemViews(); });
+}
 
 void Quiver::letIcons(QObject *images)
 {
     d->icons = images;
-    quietly([this] { d->layoutStrip(); });
+    quietly([this] {
+        d->restyleItemViews();
+        d->layoutStrip();
+    });
 }
 
 QObject *Quiver::SmallIcons() const { return d->smallIcons; }
@@ -744,10 +801,17 @@ QObject *Quiver::SmallIcons() const { return d->smallIcons; }
 void Quiver::setSmallIcons(QObject *images)
 {
     d->smallIcons = images;
-    quietly([this] { d->layoutStrip(); });
+    quietly([this] {
+        d->restyleItemViews();
+        d->layoutStrip();
+    });
 }
 
-void Quiver::letSmallIcons(QObject *images) { d->smallIcons = images; }
+void Quiver::letSmallIcons(QObject *images)
+{
+    d->smallIcons = images;
+    quietly([this] { d->restyleItemViews(); });
+}
 
 QVariant Quiver::ItemMouseIcon() const { return d->itemIcon; }
 
@@ -841,6 +905,7 @@ void Quiver::setStyle(qvStyle style)
     if (style != d->style) {
         d->style = style;
         quietly([this] {
+            d->restyleItemViews();
             d->headerRedraw = true;
             d->repaintHeaderStrip(true);
             d->layoutStrip();
@@ -948,7 +1013,7 @@ Item *Quiver::GetFirstVisible() const
         const Items *items = view ? SelectedHeader()->Items() : nullptr;
         if (!items || items->Count() < 1)
             return nullptr;
-        return items->at(view->firstVisiblePosition());
+        return items->at(view->TopItem());
     });
 }
 
@@ -963,13 +1028,9 @@ Item *Quiver::HitTest(int X, int Y) const
         const int y = Y - view->y();
         if (y < 0)
             return nullptr;
-        // Both edges count, so on an edge two items share the earlier one wins.
-        for (Item *item : *SelectedHeader()->Items()) {
-            const QRect rect = view->itemRect(item->viewId());
-            if (!rect.isNull() && rect.top() <= y && rect.top() + rect.height() >= y)
-                return item;
-        }
-        return nullptr;
+        // Item tops as laid out, unscrolled; on an edge two items share the
+        // earlier one wins.
+        return SelectedHeader()->Items()->at(view->positionAtSurfaceY(y));
     });
 }
 

@@ -18,6 +18,7 @@ namespace OrrinQuiver {
 
 class HeaderStrip;
 class ItemContainer;
+struct ItemLook;
 class SoundOutput;
 
 // Runs `work` under the control's error convention: whatever goes wrong ends
@@ -98,8 +99,14 @@ public:
     // every bar first when `redrawAll`), the strip repaints, then the change
     // is announced as `name`.
     void restyleHeaders(bool redrawAll, const QString &name);
-    // Every header's item view redraws all of its items.
+    // Every header's item view takes the current item look and redraws all
+    // of its items.
     void redrawItemViews();
+    // What the bar's properties make of every item: style, colours, font,
+    // the two item switches and the image lists.
+    ItemLook itemLook() const;
+    // Hands every header's item view the current item look.
+    void restyleItemViews();
     // Repaints every header bar; `force` makes each one draw even when its
     // look has not changed.
     void repaintHeaderStrip(bool force);

@@ -1,25 +1,31 @@
 #include "itemview/ItemContainer.h"
 
-#include "itemview/MousePointer.h"
 #include "itemview/ItemContainer_p.h"
+#include "itemview/MousePointer.h"
 #include "model/Item.h"
 #include "model/Items.h"
+#include "platform/SystemColors.h"
 
-#include <QtCore/QHash>
-#include <QtCore/QPointer>
+#include <QtGui/QPainter>
+#include <QtGui/QPaintEvent>
 
-#include <vector>
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 namespace OrrinQuiver {
 
 namespace {
 
-// The mask colour of items created without one, until the bar sets its own.
-constexpr OLE_COLOR InitialMaskColor = rgbColor(192, 192, 192);
+// A running slide moves one frame per tick of this interval, in milliseconds:
+// the pause between frames that lets input and painting run.
+constexpr int SlideFrameInterval = 1;
 
 QWidget *widgetOf(quintptr window) { return window ? QWidget::find(WId(window)) : nullptr; }
 
 } // namespace
+
+// --- ItemContainerPrivate ----------------------------------------------------
 
 ItemContainerPrivate::ItemContainerPrivate(ItemContainer *q)
     : q(q)
@@ -27,7 +33,9 @@ ItemContainerPrivate::ItemContainerPrivate(ItemContainer *q)
         const Item *item = itemAt(position);
         return item && item->Visible();
     })
-{ }
+{
+    slideTimer.setInterval(SlideFrameInterval);
+}
 
 Item *ItemContainerPrivate::itemAt(int position) const { return items ? items->at(position) : nullptr; }
 
@@ -36,10 +44,215 @@ bool ItemContainerPrivate::isLive(int viewId) const
     return viewId >= 1 && viewId <= int(live.size()) && live[viewId - 1];
 }
 
+Item *ItemContainerPrivate::itemWithViewId(int viewId) const
+{
+    if (!items || !isLive(viewId))
+        return nullptr;
+    // View ids follow positions until an item is inserted before others.
+    if (Item *item = items->at(viewId); item && item->viewId() == viewId)
+        return item;
+    for (Item *item : *items) {
+        if (item->viewId() == viewId)
+            return item;
+    }
+    return nullptr;
+}
+
+int ItemContainerPrivate::positionOf(const Item *item) const
+{
+    if (!item || !items)
+        return 0;
+    if (items->at(item->Index()) == item)
+        return item->Index();
+    int position = 0;
+    for (const Item *member : *items) {
+        ++position;
+        if (member == item)
+            return position;
+    }
+    return 0;
+}
+
+QString ItemContainerPrivate::referenceOf(const Item *item) const { return item ? item->Key() : QString(); }
+
+int ItemContainerPrivate::count() const { return items ? items->Count() : 0; }
+
+void ItemContainerPrivate::rereadFrom(int position)
+{
+    pendingReread = std::min(pendingReread, std::max(position, 1));
+    layoutDirty = true;
+}
+
+void ItemContainerPrivate::settleLayout() const
+{
+    if (!layoutDirty)
+        return;
+    layoutDirty = false;
+    layout.setCount(count());
+    if (pendingReread != NoReread) {
+        layout.invalidateFrom(pendingReread);
+        pendingReread = NoReread;
+    }
+    // What was fully visible may have moved: walk again from the top slot.
+    layout.setLastFullyVisibleSlot(layout.topSlot());
+    layout.setObscure(viewBottom());
+}
+
+int ItemContainerPrivate::viewBottom() const { return std::abs(layout.surfaceTop()) + q->height(); }
+
+QRect ItemContainerPrivate::viewRectOf(int position) const
+{
+    settleLayout();
+    return { 0, layout.surfaceTop() + layout.top(position), q->width(), layout.rowHeight() };
+}
+
+void ItemContainerPrivate::repaintPosition(int position)
+{
+    if (position >= 1 && position <= count())
+        q->update(viewRectOf(position));
+}
+
+void ItemContainerPrivate::scheduleSizing()
+{
+    if (sizingQueued)
+        return;
+    sizingQueued = true;
+    QMetaObject::invokeMethod(q, [this] { runSizing(); }, Qt::QueuedConnection);
+}
+
+void ItemContainerPrivate::runSizing()
+{
+    sizingQueued = false;
+    if (!active)
+        return;
+    // A view resized while it was closed missed its resize handling.
+    if (q->width() != geometryWidth) {
+        handleResize();
+        return;
+    }
+    settleLayout();
+    placeHosted();
+    q->SetArrows();
+    q->update();
+}
+
+void ItemContainerPrivate::applyRowMetrics()
+{
+    layout.setRowHeight(ItemHeight(look, view));
+    layout.setGap(itemGap(look.style, view));
+    layoutDirty = true;
+}
+
+void ItemContainerPrivate::placeAtTopSlot()
+{
+    settleLayout();
+    const int itemCount = layout.count();
+    if (layout.topSlot() > itemCount + 1)
+        layout.setTopSlot(itemCount + 1);
+    const int slot = layout.topSlot();
+    // Past the last item the surface's top is minus everything above the slot.
+    const int above = slot <= itemCount ? layout.top(slot) : layout.surfaceHeight() + layout.gap();
+    layout.setSurfaceTop(itemCount ? -above : 0);
+    layout.setLastFullyVisibleSlot(slot);
+    layout.setObscure(viewBottom());
+    placeHosted();
+}
+
+void ItemContainerPrivate::handleResize()
+{
+    if (!active)
+        return;
+    q->finishSlide();
+    geometry.iconLeft = iconGeometryFor(look.style, view, q->width(), geometry).iconLeft;
+    geometryWidth = q->width();
+    if (!items)
+        return;
+    placeAtTopSlot();
+    q->SetArrows();
+    q->update();
+}
+
+void ItemContainerPrivate::startSlide(bool up, bool animate, std::function<void()> then)
+{
+    settleLayout();
+    afterSlide = std::move(then);
+    // One step moves by an item's row and the gap below it, so that after
+    // every step the surface's top is minus the rows and gaps above the top
+    // slot, and every step down brings exactly one more row fully into view.
+    const int row = layout.slideDistance();
+    const int distance = row ? row + layout.gap() : 0;
+    slide.emplace(QList<int> { layout.surfaceTop() }, distance, up, false, animate);
+    if (animate) {
+        slideTimer.start();
+        return;
+    }
+    slide->finish();
+    applySlideFrame();
+    endSlide();
+}
+
+void ItemContainerPrivate::applySlideFrame()
+{
+    layout.setSurfaceTop(slide->tops().first());
+    placeHosted();
+    q->update();
+}
+
+void ItemContainerPrivate::endSlide()
+{
+    slideTimer.stop();
+    slide.reset();
+    q->SetObscure(viewBottom());
+    // The continuation may start the next slide.
+    const std::function<void()> then = std::exchange(afterSlide, nullptr);
+    if (then)
+        then();
+}
+
+void ItemContainerPrivate::placeHosted()
+{
+    if (hosted.isEmpty())
+        return;
+    settleLayout();
+    for (const Hosted &child : std::as_const(hosted)) {
+        const int position = positionOf(child.item);
+        if (!child.widget || !position)
+            continue;
+        child.widget->move(child.rect.topLeft() + QPoint(0, layout.surfaceTop() + layout.top(position)));
+        child.widget->resize(child.rect.size());
+        child.widget->setVisible(child.shown && child.item->Visible());
+    }
+}
+
+ItemPaint ItemContainerPrivate::paintOf(int position, const Item &item) const
+{
+    ItemPaint paint;
+    paint.caption = item.Caption();
+    paint.bold = item.Bold();
+    paint.enabled = item.Enabled();
+    paint.foreColor = item.ForeColor();
+    paint.maskColor = item.MaskColor();
+    paint.icon = view == qvViewSmallIcons ? item.SmallIcon() : item.Icon();
+    // A disabled item never looks hot or pressed.
+    if (item.Enabled())
+        paint.state = position == pressedPosition ? ItemPressed : position == hotPosition ? ItemHot : ItemNormal;
+    paint.staysDown = staysDown.contains(item.viewId());
+    paint.hasFocus = position == focusPosition;
+    return paint;
+}
+
+// --- ItemContainer -------------------------------------------------------------
+
 ItemContainer::ItemContainer(QWidget *parent)
     : QWidget(parent)
     , d(std::make_unique<ItemContainerPrivate>(this))
-{ }
+{
+    connect(&d->slideTimer, &QTimer::timeout, this, [this] { advanceSlide(); });
+    // Hover follows the mouse with no button down; items take the focus by
+    // click and by Tab until CanGetFocus says otherwise.
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
 
 ItemContainer::~ItemContainer()
 {
@@ -55,7 +268,13 @@ int ItemContainer::MaxPhysItems() const { return int(d->live.size()); }
 
 bool ItemContainer::Active() const { return d->active; }
 
-void ItemContainer::setActive(bool on) { d->active = on; }
+void ItemContainer::setActive(bool on)
+{
+    d->active = on;
+    // A view that opens catches up with what changed while it was closed.
+    if (on)
+        d->scheduleSizing();
+}
 
 int ItemContainer::CollectionIndex() const { return d->collectionIndex; }
 
@@ -63,47 +282,199 @@ void ItemContainer::setCollectionIndex(int position) { d->collectionIndex = posi
 
 qvViewType ItemContainer::View() const { return d->view; }
 
-void ItemContainer::setView(qvViewType view) { d->view = view; }
+void ItemContainer::setView(qvViewType view)
+{
+    finishSlide();
+    d->view = view;
+    d->geometry = iconGeometryFor(d->look.style, view, width(), d->geometry);
+    d->geometryWidth = width();
+    d->applyRowMetrics();
+    d->layout.resetScroll();
+    d->placeAtTopSlot();
+    SizeItems(true);
+    update();
+}
 
 const ItemLook &ItemContainer::look() const { return d->look; }
 
-void ItemContainer::setLook(const ItemLook &look) { d->look = look; }
+void ItemContainer::setLook(const ItemLook &look)
+{
+    const bool restyled = look.style != d->look.style;
+    d->look = look;
+    if (restyled) {
+        d->geometry = iconGeometryFor(look.style, d->view, width(), d->geometry);
+        d->geometryWidth = width();
+    }
+    const int rowHeight = d->layout.rowHeight();
+    const int gap = d->layout.gap();
+    d->applyRowMetrics();
+    if (rowHeight != d->layout.rowHeight() || gap != d->layout.gap()) {
+        d->placeAtTopSlot();
+        SizeItems(false);
+    }
+    update();
+}
 
 const IconGeometry &ItemContainer::iconGeometry() const { return d->geometry; }
 
-void ItemContainer::SizeItems(bool) { update(); }
+void ItemContainer::SizeItems(bool force)
+{
+    if (!d->active)
+        return;
+    if (force) {
+        d->applyRowMetrics();
+        d->rereadFrom(1);
+    }
+    d->scheduleSizing();
+}
 
-void ItemContainer::ForceResize() { }
+void ItemContainer::ForceResize() { d->handleResize(); }
 
-int ItemContainer::ItemTop(int) const { return 0; }
+int ItemContainer::ItemTop(int viewId) const
+{
+    const int position = d->positionOf(d->itemWithViewId(viewId));
+    if (!position)
+        return 0;
+    d->settleLayout();
+    return d->layout.surfaceTop() + d->layout.top(position);
+}
 
-int ItemContainer::TopItem() const { return 0; }
+int ItemContainer::TopItem() const
+{
+    const Item *item = d->itemWithViewId(d->layout.topSlot());
+    return item ? item->Index() : 0;
+}
 
-int ItemContainer::LastFullyVisibleItem() const { return 0; }
+int ItemContainer::LastFullyVisibleItem() const
+{
+    d->settleLayout();
+    const Item *item = d->itemWithViewId(d->layout.lastFullyVisibleSlot());
+    return item ? item->Index() : 0;
+}
 
-bool ItemContainer::IsDownArrowNeeded(int, int) const { return false; }
+bool ItemContainer::IsDownArrowNeeded(int sliderTop, int viewHeight) const
+{
+    d->settleLayout();
+    return d->layout.isDownArrowNeeded(sliderTop, viewHeight);
+}
 
-void ItemContainer::SetArrows() { }
+void ItemContainer::SetArrows()
+{
+    d->settleLayout();
+    const int top = d->layout.surfaceTop();
+    bool up = top < 0;
+    bool down = d->layout.isDownArrowNeeded(top, height());
+    emit SetScrollArrows(&up, &down);
+    d->upNeeded = up;
+    d->downNeeded = down;
+}
 
 quintptr ItemContainer::SetChild(int viewId, quintptr window) { return hostChildWindow(viewId, window); }
 
-int ItemContainer::positionAtSurfaceY(int) const { return 0; }
+QRect ItemContainer::itemRect(int viewId) const
+{
+    const int position = d->positionOf(d->itemWithViewId(viewId));
+    if (!position)
+        return {};
+    d->settleLayout();
+    return { 0, d->layout.top(position), width(), d->layout.rowHeight() };
+}
 
-int ItemContainer::sliderTop() const { return 0; }
+int ItemContainer::positionAtSurfaceY(int y) const
+{
+    d->settleLayout();
+    return d->layout.positionAt(y);
+}
 
-void ItemContainer::Scroll(int, bool) { }
+int ItemContainer::sliderTop() const { return d->layout.surfaceTop(); }
 
-void ItemContainer::Slide(bool, bool) { }
+void ItemContainer::Scroll(int direction, bool animate)
+{
+    if (direction != 0 && direction != 1)
+        return;
+    finishSlide();
+    d->settleLayout();
+    // A step whose slot holds no item has nothing to measure and changes
+    // nothing, so that stepping towards an item ends at the last one.
+    if (direction == 0) {
+        const int slot = std::max(1, d->layout.topSlot() - 1);
+        if (!d->itemAt(slot))
+            return;
+        // Up: the slot first, so that the slide measures the item that enters.
+        d->layout.setTopSlot(slot);
+        d->startSlide(false, animate, [this] {
+            SetArrows();
+            emit ScrollUp();
+        });
+        return;
+    }
+    if (!d->itemAt(d->layout.topSlot()))
+        return;
+    // Down: the slide measures the item that leaves, then the slot moves.
+    d->startSlide(true, animate, [this] {
+        d->layout.setTopSlot(d->layout.topSlot() + 1);
+        SetArrows();
+        emit ScrollDown();
+    });
+}
 
-void ItemContainer::SetObscure(int) { }
+void ItemContainer::Slide(bool up, bool animate)
+{
+    finishSlide();
+    d->startSlide(up, animate, {});
+}
 
-bool ItemContainer::isSliding() const { return false; }
+void ItemContainer::SetObscure(int offset)
+{
+    d->settleLayout();
+    d->layout.setObscure(offset);
+}
 
-void ItemContainer::finishSlide() { }
+bool ItemContainer::isSliding() const { return d->slide.has_value(); }
 
-void ItemContainer::paintEvent(QPaintEvent *) { }
+void ItemContainer::finishSlide()
+{
+    if (!d->slide)
+        return;
+    d->slide->finish();
+    d->applySlideFrame();
+    d->endSlide();
+}
 
-void ItemContainer::resizeEvent(QResizeEvent *) { }
+bool ItemContainer::advanceSlide()
+{
+    if (!d->slide)
+        return false;
+    const bool more = d->slide->advance();
+    d->applySlideFrame();
+    if (!more)
+        d->endSlide();
+    return true;
+}
+
+void ItemContainer::paintEvent(QPaintEvent *event)
+{
+    d->settleLayout();
+    QPainter painter(this);
+    const QPalette &colors = palette();
+    const QRect exposed = event->rect();
+    painter.fillRect(exposed, translateColor(d->look.colors.back, colors));
+    const int top = d->layout.surfaceTop();
+    const auto [first, last] = d->layout.visibleRange(exposed.top() - top, exposed.bottom() + 1 - top);
+    for (int position = first; position <= last; ++position) {
+        const Item *item = d->itemAt(position);
+        if (!item || !d->layout.isVisible(position))
+            continue;
+        DrawItem(painter, d->viewRectOf(position), d->look, d->view, d->geometry, d->paintOf(position, *item),
+                 colors);
+    }
+}
+
+void ItemContainer::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    d->handleResize();
+}
 
 qint16 ItemContainer::CurrentItem() const { return d->currentItem; }
 
@@ -127,15 +498,20 @@ void ItemContainer::updatePointer(int pointer, const QVariant &picture)
         unsetCursor();
 }
 
-QRect ItemContainer::itemRect(int) const { return {}; }
+void ItemContainer::showItems(Items *items)
+{
+    finishSlide();
+    d->items = items;
+    d->layout.resetScroll();
+    d->rereadFrom(1);
+    d->scheduleSizing();
+}
 
-void ItemContainer::showItems(Items *items) { d->items = items; }
-
-int ItemContainer::addItemWindow(int, const QString &)
+int ItemContainer::addItemWindow(int position, const QString &)
 {
     d->live.push_back(true);
-    ++d->itemCount;
-    update();
+    d->rereadFrom(position);
+    d->addAwaitingRelayout = true;
     return int(d->live.size());
 }
 
@@ -144,27 +520,52 @@ void ItemContainer::removeItemWindow(int viewId)
     if (!d->isLive(viewId))
         return;
     d->live[viewId - 1] = false;
-    --d->itemCount;
+    d->hosted.remove(viewId);
+    // The collection has already let the item go, so its position is unknown.
+    d->rereadFrom(1);
     update();
 }
 
-void ItemContainer::relayoutItems(bool) { update(); }
+void ItemContainer::relayoutItems(bool force)
+{
+    // Every item added calls this; the add has already recorded its position,
+    // so a million adds in a row cost one reading of the new items.
+    if (force || !d->addAwaitingRelayout)
+        d->rereadFrom(1);
+    d->addAwaitingRelayout = false;
+    SizeItems(force);
+}
 
-void ItemContainer::redrawItem(int) { update(); }
+// Painting touches only the visible rows, so one repaint of the view costs no
+// more than one of the item, and many of them in one turn cost one.
+void ItemContainer::redrawItem(int viewId)
+{
+    if (d->isLive(viewId))
+        update();
+}
 
 void ItemContainer::resetItems()
 {
+    finishSlide();
     d->currentItem = 0;
+    d->hotPosition = 0;
+    d->pressedPosition = 0;
+    d->focusPosition = 0;
+    d->staysDown.clear();
+    d->layout.resetScroll();
+    d->rereadFrom(1);
     update();
 }
 
-// Until the items are laid out the whole header counts as visible.
-int ItemContainer::firstVisiblePosition() const { return 1; }
+int ItemContainer::firstVisiblePosition() const { return d->layout.topSlot(); }
 
-int ItemContainer::lastFullyVisiblePosition() const { return d->itemCount; }
+int ItemContainer::lastFullyVisiblePosition() const
+{
+    d->settleLayout();
+    return d->layout.lastFullyVisibleSlot();
+}
 
-// Every item is visible (see firstVisiblePosition), so there is nothing to scroll to.
-void ItemContainer::scrollOneStep(bool) { }
+void ItemContainer::scrollOneStep(bool up) { Scroll(up ? 0 : 1, false); }
 
 // The view does not drag or edit items yet; both requests are ignored.
 void ItemContainer::startItemDrag(int) { }
@@ -198,16 +599,25 @@ quintptr ItemContainer::hostChildWindow(int viewId, quintptr window)
     const bool shown = !widget->isHidden();
     widget->setParent(this);
     widget->setVisible(shown);
-    d->hosted.insert(viewId, { widget, {} });
+    d->hosted.insert(viewId, { widget, {}, d->itemWithViewId(viewId), shown });
     return formerParent;
 }
 
 void ItemContainer::moveChildWindow(quintptr window, const QRect &rect)
 {
-    if (QWidget *widget = widgetOf(window)) {
-        widget->move(rect.topLeft());
-        widget->resize(rect.size());
+    QWidget *widget = widgetOf(window);
+    if (!widget)
+        return;
+    // A hosted window is placed relative to its item and follows it.
+    for (auto &hosted : d->hosted) {
+        if (hosted.widget == widget) {
+            hosted.rect = rect;
+            d->placeHosted();
+            return;
+        }
     }
+    widget->move(rect.topLeft());
+    widget->resize(rect.size());
 }
 
 void ItemContainer::setChildWindowParent(quintptr window, quintptr parent)
@@ -215,13 +625,15 @@ void ItemContainer::setChildWindowParent(quintptr window, quintptr parent)
     QWidget *widget = widgetOf(window);
     if (!widget)
         return;
+    bool shown = !widget->isHidden();
     for (auto it = d->hosted.begin(); it != d->hosted.end();) {
-        if (it.value().widget == widget)
+        if (it.value().widget == widget) {
+            shown = it.value().shown;
             it = d->hosted.erase(it);
-        else
+        } else {
             ++it;
+        }
     }
-    const bool shown = !widget->isHidden();
     widget->setParent(widgetOf(parent));
     widget->setVisible(shown);
 }

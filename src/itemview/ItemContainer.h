@@ -93,6 +93,9 @@ public:
     bool isSliding() const;
     // Runs a running slide to its end at once.
     void finishSlide();
+    // Moves a running slide to its next frame now (the slide's timer does so
+    // on every tick); false when no slide runs.
+    bool advanceSlide();
     bool GotFocusFromMouse() const;
     void setGotFocusFromMouse(bool on);
     // Called when the view receives the focus: passes it on to an item (the
