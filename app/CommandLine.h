@@ -9,10 +9,11 @@ namespace OrrinQuiver {
 // The arguments of the quiver command:
 //   quiver demo [--out DIR]
 //   quiver script FILE.js [--size WxH]
+//   quiver render FILE.xml [--size WxH] [--out FILE.png]
 class CommandLine
 {
 public:
-    enum class Command { Demo, Script };
+    enum class Command { Demo, Script, Render };
 
     CommandLine();
 
@@ -25,24 +26,30 @@ public:
     QString helpText() const { return m_parser.helpText(); }
 
     Command command() const { return m_command; }
-    // The script to run (Script only).
-    QString scriptFile() const { return m_scriptFile; }
-    // The control's size for a script, 200 x 480 unless --size gives one.
+    // The script to run (Script) or the document to render (Render).
+    QString scriptFile() const { return m_file; }
+    QString documentFile() const { return m_file; }
+    // The control's size for a script or a rendering, 200 x 480 unless
+    // --size gives one.
     QSize controlSize() const { return m_controlSize; }
-    // Where the demo writes its screens; empty when --out is not given.
-    QString outputDirectory() const { return m_outputDirectory; }
+    // Where the demo writes its screens, or the PNG file a rendering goes
+    // to; empty when --out is not given.
+    QString outputDirectory() const { return m_out; }
+    QString outputFile() const { return m_out; }
 
 private:
     bool fail(const QString &text);
+    // Reads --size into m_controlSize; false for a value that is not WxH.
+    bool readSize();
 
     QCommandLineParser m_parser;
     QCommandLineOption m_sizeOption;
     QCommandLineOption m_outOption;
     QString m_error;
     Command m_command = Command::Demo;
-    QString m_scriptFile;
+    QString m_file;
     QSize m_controlSize;
-    QString m_outputDirectory;
+    QString m_out;
 };
 
 } // namespace OrrinQuiver

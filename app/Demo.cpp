@@ -1,13 +1,17 @@
 #include "Demo.h"
 
 #include "control/Quiver.h"
+#include "imaging/ImageList.h"
 #include "model/Header.h"
 #include "model/Headers.h"
+#include "model/Item.h"
 #include "model/Items.h"
 #include "platform/SystemColors.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QMetaEnum>
+#include <QtGui/QPainter>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -20,6 +24,27 @@ namespace {
 // The bar's size in the demo, that of a newly placed control.
 constexpr int BarWidth = 200;
 constexpr int BarHeight = 480;
+// Icon sizes of the two image lists.
+constexpr int LargeIcon = 32;
+constexpr int SmallIcon = 16;
+// The header that shows a view stays fast however many items it holds.
+constexpr int ManyItems = 100'000;
+
+struct DemoIcon {
+    const char *key;
+    QColor color;
+    QChar letter;
+};
+
+const QList<DemoIcon> &demoIcons()
+{
+    static const QList<DemoIcon> icons = {
+        {"today", QColor(0x1f, 0x6f, 0xb5), u'T'}, {"inbox", QColor(0x2e, 0x8b, 0x57), u'I'},
+        {"calendar", QColor(0xc0, 0x39, 0x2b), u'C'}, {"contacts", QColor(0x8e, 0x44, 0xad), u'P'},
+        {"tasks", QColor(0xd3, 0x84, 0x00), u'K'}, {"notes", QColor(0x16, 0xa0, 0x85), u'N'},
+    };
+    return icons;
+}
 
 struct DemoHeader {
     const char *caption;
@@ -30,11 +55,42 @@ struct DemoHeader {
 const QList<DemoHeader> &demoHeaders()
 {
     static const QList<DemoHeader> headers = {
-        {"Outlook Shortcuts", qvViewLargeIcons, {"Outlook Today", "Inbox", "Calendar", "Contacts", "Tasks"}},
-        {"My Shortcuts", qvViewSmallIcons, {"Drafts", "Sent Items", "Outbox", "Deleted Items", "Journal"}},
+        {"Outlook Shortcuts", qvViewLargeIcons, {"Outlook Today", "Inbox", "Calendar", "Contacts", "Tasks", "Notes"}},
+        {"My Shortcuts", qvViewSmallIcons,
+         {"Drafts", "Sent Items", "Outbox", "Deleted Items", "Journal", "Notes", "Tasks", "Calendar"}},
         {"Other Shortcuts", qvViewLargeIcons, {"My Computer", "My Documents", "Favorites"}},
     };
     return headers;
+}
+
+// A rounded square in the icon's colour with its letter: drawn, so that the
+// demo needs no picture files.
+QPixmap iconPicture(const DemoIcon &icon, int size)
+{
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(icon.color.darker(140));
+    painter.setBrush(icon.color);
+    painter.drawRoundedRect(QRectF(0.5, 0.5, size - 1, size - 1), size / 5.0, size / 5.0);
+    QFont font = painter.font();
+    font.setBold(true);
+    font.setPixelSize(size * 5 / 8);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(QRect(0, 0, size, size), Qt::AlignCenter, QString(icon.letter));
+    return picture;
+}
+
+ImageList *makeImageList(QWidget *parent, int size)
+{
+    auto *list = new ImageList(parent);
+    list->setImageWidth(size);
+    list->setImageHeight(size);
+    for (const DemoIcon &icon : demoIcons())
+        list->AddFromPicture(iconPicture(icon, size), QString::fromLatin1(icon.key));
+    return list;
 }
 
 } // namespace
@@ -43,17 +99,21 @@ Demo::Demo(QWidget *parent)
     : QWidget(parent)
     , m_control(new Quiver(this))
     , m_styles(new QComboBox(this))
+    , m_icons(makeImageList(this, LargeIcon))
+    , m_smallIcons(makeImageList(this, SmallIcon))
 {
     setWindowTitle(QStringLiteral("Quiver demo"));
     m_control->InitProperties();
     m_control->setFixedSize(BarWidth, BarHeight);
+    m_control->setIcons(m_icons);
+    m_control->setSmallIcons(m_smallIcons);
     fill();
 
     const QMetaEnum styles = QMetaEnum::fromType<qvStyle>();
     for (int k = 0; k < styles.keyCount(); ++k)
         m_styles->addItem(QString::fromLatin1(styles.key(k)), styles.value(k));
     connect(m_styles, &QComboBox::currentIndexChanged, this,
-            [this](int index) { m_control->setStyle(qvStyle(m_styles->itemData(index).toInt())); });
+            [this](int index) { m_control->ApplyStylePreset(qvStyle(m_styles->itemData(index).toInt())); });
 
     auto *side = new QVBoxLayout;
     side->addWidget(new QLabel(QStringLiteral("Style"), this));
@@ -70,14 +130,24 @@ QStringList Demo::renderScreens(const QString &directory)
     if (!out.mkpath(QStringLiteral(".")))
         return {};
     m_control->setPalette(classicPalette());
+    const struct {
+        int header;
+        const char *name;
+    } views[] = {{1, "large"}, {2, "small"}};
     QStringList files;
     for (int index = 0; index < m_styles->count(); ++index) {
         m_styles->setCurrentIndex(index);
-        const QString name = m_styles->itemText(index).mid(int(qstrlen("qvStyle"))).toLower();
-        const QString file = out.absoluteFilePath(QStringLiteral("quiver-%1.png").arg(name));
-        if (!m_control->grab().save(file, "PNG"))
-            return {};
-        files << file;
+        const QString style = m_styles->itemText(index).mid(int(qstrlen("qvStyle"))).toLower();
+        for (const auto &view : views) {
+            m_control->setSmoothScroll(false);
+            if (Header *header = m_control->Headers()->at(view.header))
+                header->setSelected(true);
+            const QString file
+                = out.absoluteFilePath(QStringLiteral("quiver-%1-%2.png").arg(style, QLatin1String(view.name)));
+            if (!m_control->grab().save(file, "PNG"))
+                return {};
+            files << file;
+        }
     }
     return files;
 }
@@ -86,10 +156,19 @@ void Demo::fill()
 {
     OrrinQuiver::Headers *headers = m_control->Headers();
     headers->Clear();
+    const QList<DemoIcon> &icons = demoIcons();
     for (const DemoHeader &demo : demoHeaders()) {
         Header *header = headers->Add(0, {}, QString::fromLatin1(demo.caption), demo.view);
-        for (const char *caption : demo.items)
-            header->Items()->Add(0, {}, QString::fromLatin1(caption));
+        for (int i = 0; i < demo.items.size(); ++i) {
+            const QString key = QString::fromLatin1(icons.at(i % icons.size()).key);
+            header->Items()->Add(0, {}, QString::fromLatin1(demo.items.at(i)), key, key);
+        }
+    }
+    Header *many = headers->Add(0, {}, QStringLiteral("%L1 Items").arg(ManyItems), qvViewSmallIcons);
+    Items *items = many->Items();
+    for (int i = 1; i <= ManyItems; ++i) {
+        const QString key = QString::fromLatin1(icons.at(i % icons.size()).key);
+        items->Add(0, {}, QStringLiteral("Item %L1").arg(i), key, key);
     }
     if (Header *first = headers->at(1))
         first->setSelected(true);

@@ -1,7 +1,8 @@
-// The quiver command: the demo and the script host.
+// The quiver command: the demo, the script host and the renderer.
 #include "CommandLine.h"
 #include "Demo.h"
 #include "Display.h"
+#include "Render.h"
 #include "ScriptHost.h"
 
 #include <QtCore/QDir>
@@ -58,6 +59,8 @@ int main(int argc, char **argv)
         return runDemo(commandLine.outputDirectory());
     case CommandLine::Command::Script:
         return ScriptHost(commandLine.controlSize()).run(commandLine.scriptFile());
+    case CommandLine::Command::Render:
+        return renderDocument(commandLine.documentFile(), commandLine.controlSize(), commandLine.outputFile());
     }
     return 2;
 }

@@ -39,6 +39,11 @@ static QString script(const char *name)
     return qEnvironmentVariable("QUIVER_TEST_DATA") + QStringLiteral("/scripts/") + QLatin1String(name);
 }
 
+static QString document(const char *name)
+{
+    return qEnvironmentVariable("QUIVER_TEST_DATA") + QStringLiteral("/../serialize/fixtures/") + QLatin1String(name);
+}
+
 void tst_QuiverCommand::run_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -61,7 +66,16 @@ void tst_QuiverCommand::run_data()
     QTest::newRow("missing script") << QStringList{"script", "no-such.js"} << 1 << "^$"
                                     << "quiver: cannot read no-such.js";
     QTest::newRow("no command") << QStringList{} << 2 << "^$" << "quiver: no command given";
-    QTest::newRow("unknown command") << QStringList{"render"} << 2 << "^$" << "unknown command \"render\"";
+    QTest::newRow("unknown command") << QStringList{"paint"} << 2 << "^$" << "unknown command \"paint\"";
+    QTest::newRow("render a document")
+        << QStringList{"render", document("control-201.xml"), "--out", "bar.png", "--size", "180x300"} << 0
+        << "^bar.png\n$" << "";
+    QTest::newRow("render a broken document")
+        << QStringList{"render", document("broken-version-199.xml"), "--out", "bar.png"} << 1 << "^$"
+        << "error -2147216638: Invalid Quiver XML version in XML content199";
+    QTest::newRow("render a missing document") << QStringList{"render", "no-such.xml"} << 1 << "^$"
+                                               << "quiver: cannot read no-such.xml";
+    QTest::newRow("render without file") << QStringList{"render"} << 2 << "^$" << "render takes one FILE.xml";
     QTest::newRow("script without file") << QStringList{"script"} << 2 << "^$" << "script takes one FILE.js";
     QTest::newRow("size not WxH") << QStringList{"script", "x.js", "--size", "200"} << 2 << "^$"
                                   << "--size wants WxH";
@@ -79,6 +93,8 @@ void tst_QuiverCommand::run()
     QTemporaryDir directory;
     const int code = quiver(arguments, directory.path());
     QVERIFY2(code == exitCode, qPrintable(QStringLiteral("exit code %1, stderr: %2").arg(code).arg(m_stderr)));
+    if (arguments.contains(QStringLiteral("bar.png")) && exitCode == 0)
+        QCOMPARE(QImage(directory.filePath(QStringLiteral("bar.png"))).size(), QSize(180, 300));
     QVERIFY2(QRegularExpression(out).match(m_stdout).hasMatch(), qPrintable(m_stdout));
     if (err.isEmpty())
         QVERIFY2(!m_stderr.contains(QStringLiteral("Error")), qPrintable(m_stderr));
@@ -92,8 +108,9 @@ void tst_QuiverCommand::demoWritesScreens()
     const QString out = directory.filePath(QStringLiteral("screens"));
     QCOMPARE(quiver({QStringLiteral("demo"), QStringLiteral("--out"), out}, directory.path()), 0);
     const QStringList files = m_stdout.split(u'\n', Qt::SkipEmptyParts);
-    QCOMPARE(files.size(), 5);
-    QCOMPARE(files.first(), out + QStringLiteral("/quiver-outlook.png"));
+    // Every style, once with a large-icon header open and once with a small-icon one.
+    QCOMPARE(files.size(), 10);
+    QCOMPARE(files.first(), out + QStringLiteral("/quiver-outlook-large.png"));
     for (const QString &file : files)
         QCOMPARE(QImage(file).size(), QSize(200, 480));
 }
