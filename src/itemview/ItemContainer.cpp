@@ -567,11 +567,6 @@ int ItemContainer::lastFullyVisiblePosition() const
 
 void ItemContainer::scrollOneStep(bool up) { Scroll(up ? 0 : 1, false); }
 
-// The view does not drag or edit items yet; both requests are ignored.
-void ItemContainer::startItemDrag(int) { }
-
-void ItemContainer::startItemLabelEdit(int) { }
-
 void ItemContainer::releaseMouseGrab()
 {
     if (QWidget::mouseGrabber() == this)
