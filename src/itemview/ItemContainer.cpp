@@ -6,8 +6,8 @@
 #include "model/Items.h"
 #include "platform/SystemColors.h"
 
-#include <QtGui/QPainter>
 #include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
 
 #include <algorithm>
 #include <cstdlib>
@@ -117,7 +117,8 @@ void ItemContainerPrivate::scheduleSizing()
     if (sizingQueued)
         return;
     sizingQueued = true;
-    QMetaObject::invokeMethod(q, [this] { runSizing(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        q, [this] { runSizing(); }, Qt::QueuedConnection);
 }
 
 void ItemContainerPrivate::runSizing()
@@ -235,7 +236,9 @@ ItemPaint ItemContainerPrivate::paintOf(int position, const Item &item) const
     paint.icon = view == qvViewSmallIcons ? item.SmallIcon() : item.Icon();
     // A disabled item never looks hot or pressed.
     if (item.Enabled())
-        paint.state = position == pressedPosition ? ItemPressed : position == hotPosition ? ItemHot : ItemNormal;
+        paint.state = position == pressedPosition ? ItemPressed
+            : position == hotPosition             ? ItemHot
+                                                  : ItemNormal;
     paint.staysDown = staysDown.contains(item.viewId());
     paint.hasFocus = position == focusPosition;
     return paint;
@@ -603,7 +606,9 @@ void ItemContainer::moveChildWindow(quintptr window, const QRect &rect)
     QWidget *widget = widgetOf(window);
     if (!widget)
         return;
-    // A hosted window is placed relative to its item and follows it.
+    widget->move(rect.topLeft());
+    widget->resize(rect.size());
+    // A hosted window lies relative to its item and follows it from now on.
     for (auto &hosted : d->hosted) {
         if (hosted.widget == widget) {
             hosted.rect = rect;
@@ -611,8 +616,6 @@ void ItemContainer::moveChildWindow(quintptr window, const QRect &rect)
             return;
         }
     }
-    widget->move(rect.topLeft());
-    widget->resize(rect.size());
 }
 
 void ItemContainer::setChildWindowParent(quintptr window, quintptr parent)

@@ -1,4 +1,5 @@
 #include "control/Quiver.h"
+#include "itemview/DrawItem.h"
 #include "itemview/ItemContainer.h"
 #include "itemview/ItemLook.h"
 #include "model/Header.h"
@@ -6,6 +7,7 @@
 #include "model/Item.h"
 #include "model/Items.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtGui/QImage>
 #include <QtTest/QSignalSpy>
@@ -38,8 +40,9 @@ struct Shown
     // From now on `arrows` gets the values of every SetScrollArrows raised.
     void recordArrows()
     {
-        QObject::connect(&view, &ItemContainer::SetScrollArrows, &view,
-                         [this](bool *up, bool *down) { arrows.append({ *up, *down }); });
+        QObject::connect(&view, &ItemContainer::SetScrollArrows, &view, [this](bool *up, bool *down) {
+            arrows.append({ *up, *down });
+        });
     }
 
     ItemContainer view;
@@ -57,6 +60,8 @@ private slots:
     void stacking_data();
     void stacking();
     void viewSwitchReturnsToTop();
+    void resize_data();
+    void resize();
     void scroll_data();
     void scroll();
     void slideFrames_data();
@@ -67,6 +72,8 @@ private slots:
     void ensureVisible();
     void hitTest_data();
     void hitTest();
+    void barHandsViewsItsLook_data();
+    void barHandsViewsItsLook();
     void hostedWindowFollowsItsItem();
     void hostChildWindow_data();
     void hostChildWindow();
@@ -83,13 +90,14 @@ void tst_ItemContainer::stacking_data()
     QTest::addColumn<QList<int>>("above");
 
     QTest::newRow("outlook") << int(qvStyleOutlook) << QList<int>() << 2 << QList<int> { 0, 1, 2, 3, 4 };
-    QTest::newRow("windows 2000") << int(qvStyleWindows2000) << QList<int>() << 0 << QList<int> { 0, 1, 2, 3, 4 };
-    QTest::newRow("outlook xp, hidden middle") << int(qvStyleOutlookXP) << QList<int> { 3 } << 2
-                                               << QList<int> { 0, 1, 2, 2, 3 };
-    QTest::newRow("visual studio, hidden first") << int(qvStyleVisualStudio) << QList<int> { 1 } << 0
-                                                 << QList<int> { 0, 0, 1, 2, 3 };
-    QTest::newRow("windows xp, all hidden") << int(qvStyleWindowsXP) << QList<int> { 1, 2, 3, 4, 5 } << 0
-                                            << QList<int> { 0, 0, 0, 0, 0 };
+    QTest::newRow("windows 2000") << int(qvStyleWindows2000) << QList<int>() << 0
+                                  << QList<int> { 0, 1, 2, 3, 4 };
+    QTest::newRow("outlook xp, hidden middle")
+        << int(qvStyleOutlookXP) << QList<int> { 3 } << 2 << QList<int> { 0, 1, 2, 2, 3 };
+    QTest::newRow("visual studio, hidden first")
+        << int(qvStyleVisualStudio) << QList<int> { 1 } << 0 << QList<int> { 0, 0, 1, 2, 3 };
+    QTest::newRow("windows xp, all hidden")
+        << int(qvStyleWindowsXP) << QList<int> { 1, 2, 3, 4, 5 } << 0 << QList<int> { 0, 0, 0, 0, 0 };
 }
 
 void tst_ItemContainer::stacking()
@@ -122,6 +130,36 @@ void tst_ItemContainer::viewSwitchReturnsToTop()
     QCOMPARE(shown.view.sliderTop(), 0);
     QCOMPARE(shown.view.TopItem(), 1);
     QCOMPARE(shown.view.firstVisiblePosition(), 1);
+}
+
+void tst_ItemContainer::resize_data()
+{
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("iconLeft");
+
+    QTest::newRow("at the top") << 0 << 100 << 32;
+    QTest::newRow("scrolled") << 3 << 60 << 12;
+    QTest::newRow("narrower than an icon") << 2 << 30 << -3;
+}
+
+void tst_ItemContainer::resize()
+{
+    QFETCH(int, steps);
+    QFETCH(int, width);
+    QFETCH(int, iconLeft);
+    Shown shown(10);
+    for (int step = 0; step < steps; ++step)
+        shown.view.Scroll(1, false);
+    const int top = shown.view.sliderTop();
+    shown.view.show();
+
+    shown.view.resize(width, 90);
+
+    QCOMPARE(shown.view.iconGeometry().iconLeft, iconLeft);
+    QCOMPARE(shown.view.sliderTop(), top);
+    QCOMPARE(shown.view.ItemTop(steps + 1), 0);
+    QCOMPARE(shown.view.TopItem(), steps + 1);
 }
 
 void tst_ItemContainer::scroll_data()
@@ -185,6 +223,8 @@ void tst_ItemContainer::slideFrames()
     QSignalSpy scrolled(&shown.view, direction ? &ItemContainer::ScrollDown : &ItemContainer::ScrollUp);
 
     shown.view.Scroll(direction, animate);
+    // The event follows the slide's end.
+    QCOMPARE(scrolled.size(), animate ? 0 : 1);
     QList<int> tops { 0 };
     while (shown.view.advanceSlide())
         tops << shown.view.sliderTop();
@@ -197,10 +237,8 @@ void tst_ItemContainer::slideFrames()
         QCOMPARE(tops.size(), 1);
         return;
     }
-    QCOMPARE(tops.last(), sign * distance);
-    // Decelerating frames: the first a tenth of the row (at least 1) plus a
-    // tenth of it, each following one no longer, none shorter than the first
-    // tenth until the last puts the surface on the target.
+    // Decelerating frames: the first a tenth of the row twice (quick flag
+    // off), none shorter than a tenth until the last.
     const int step = std::max(1, distance / 10);
     QCOMPARE(tops.at(1), sign * std::min(distance, step + distance / 10));
     QVERIFY(tops.size() > 3);
@@ -316,6 +354,46 @@ void tst_ItemContainer::hitTest()
 
     QCOMPARE(hit, header->Items()->at(expected));
     QCOMPARE(bar.GetFirstVisible(), header->Items()->at(scrolled + 1));
+}
+
+void tst_ItemContainer::barHandsViewsItsLook_data()
+{
+    QTest::addColumn<QString>("property");
+    QTest::addColumn<QVariant>("value");
+
+    const QVariant red = QVariant::fromValue(OLE_COLOR(0x0000FF));
+    QFont font;
+    font.setPixelSize(31);
+    QTest::newRow("Style") << "Style" << QVariant::fromValue(qvStyleVisualStudio);
+    QTest::newRow("BackColor") << "BackColor" << red;
+    QTest::newRow("ShadowColor sets the highlight too") << "ShadowColor" << red;
+    QTest::newRow("ItemDownForeColor") << "ItemDownForeColor" << red;
+    QTest::newRow("ItemsMoveWithClick") << "ItemsMoveWithClick" << QVariant(true);
+    QTest::newRow("Font") << "Font" << QVariant(font);
+}
+
+// Views made before and after the change both paint with it.
+void tst_ItemContainer::barHandsViewsItsLook()
+{
+    QFETCH(QString, property);
+    QFETCH(QVariant, value);
+    Quiver bar;
+    bar.InitProperties();
+    QVERIFY(bar.setProperty(property.toLatin1(), value));
+    Header *added = bar.Headers()->Add();
+
+    for (Header *header : { bar.Headers()->at(1), added }) {
+        const ItemLook look = dynamic_cast<ItemContainer *>(header->itemView())->look();
+        const QHash<QString, QVariant> seen {
+            { "Style", QVariant::fromValue(look.style) },
+            { "BackColor", QVariant::fromValue(look.colors.back) },
+            { "ShadowColor", QVariant::fromValue(look.colors.shadow & look.colors.highlight) },
+            { "ItemDownForeColor", QVariant::fromValue(look.colors.downFore) },
+            { "ItemsMoveWithClick", look.moveWithClick },
+            { "Font", look.font },
+        };
+        QCOMPARE(seen.value(property), value);
+    }
 }
 
 void tst_ItemContainer::hostedWindowFollowsItsItem()
