@@ -132,6 +132,10 @@ void ItemContainerPrivate::runSizing()
         return;
     }
     settleLayout();
+    // Items removed from below the top slot leave the view past the end: it
+    // comes back to show the last of them.
+    if (layout.topSlot() > layout.count() + 1)
+        placeAtTopSlot();
     placeHosted();
     q->SetArrows();
     q->update();
@@ -397,6 +401,8 @@ void ItemContainer::Scroll(int direction, bool animate)
         return;
     finishSlide();
     d->settleLayout();
+    if (d->layout.topSlot() > d->layout.count() + 1)
+        d->placeAtTopSlot();
     // A step whose slot holds no item has nothing to measure and changes
     // nothing, so that stepping towards an item ends at the last one.
     if (direction == 0) {

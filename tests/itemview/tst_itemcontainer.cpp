@@ -165,6 +165,8 @@ void tst_ItemContainer::resize()
 void tst_ItemContainer::scroll_data()
 {
     QTest::addColumn<int>("downFirst");
+    // Items left of ten after scrolling down.
+    QTest::addColumn<int>("kept");
     QTest::addColumn<int>("direction");
     // Expected surface top in rows (+1 when the up step starts at the top).
     QTest::addColumn<int>("rows");
@@ -173,15 +175,18 @@ void tst_ItemContainer::scroll_data()
 
     const QStringList up { "arrows", "ScrollUp" };
     const QStringList down { "arrows", "ScrollDown" };
-    QTest::newRow("up at the top still slides") << 0 << 0 << 1 << 1 << up;
-    QTest::newRow("down") << 0 << 1 << -1 << 2 << down;
-    QTest::newRow("down twice, then up") << 2 << 0 << -1 << 2 << up;
-    QTest::newRow("unknown direction") << 1 << 2 << -1 << 2 << QStringList();
+    QTest::newRow("up at the top still slides") << 0 << 10 << 0 << 1 << 1 << up;
+    QTest::newRow("down") << 0 << 10 << 1 << -1 << 2 << down;
+    QTest::newRow("down twice, then up") << 2 << 10 << 0 << -1 << 2 << up;
+    QTest::newRow("unknown direction") << 1 << 10 << 2 << -1 << 2 << QStringList();
+    QTest::newRow("down past the last changes nothing") << 10 << 10 << 1 << -10 << 0 << QStringList();
+    QTest::newRow("up after the items below went") << 6 << 3 << 0 << -2 << 3 << up;
 }
 
 void tst_ItemContainer::scroll()
 {
     QFETCH(int, downFirst);
+    QFETCH(int, kept);
     QFETCH(int, direction);
     QFETCH(int, rows);
     QFETCH(int, topItem);
@@ -189,6 +194,8 @@ void tst_ItemContainer::scroll()
     Shown shown(10, qvStyleWindows2000);
     for (int step = 0; step < downFirst; ++step)
         shown.view.Scroll(1, false);
+    while (shown.items.Count() > kept)
+        shown.items.RemoveAt(kept + 1);
     QStringList seen;
     connect(&shown.view, &ItemContainer::SetScrollArrows, this, [&] { seen << "arrows"; });
     connect(&shown.view, &ItemContainer::ScrollUp, this, [&] { seen << "ScrollUp"; });
