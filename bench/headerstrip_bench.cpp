@@ -11,7 +11,6 @@
 #include "model/Items.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolBox>
 
@@ -75,14 +74,3 @@ void ToolBoxSwitch(benchmark::State &state)
 BENCHMARK(ToolBoxSwitch)->Arg(10)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -14,7 +14,6 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringListModel>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollBar>
@@ -231,14 +230,3 @@ BENCHMARK(QtHitTest<QListWidget>)->Apply(counts);
 BENCHMARK(QtHitTest<QListView>)->Apply(counts);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

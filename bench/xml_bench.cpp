@@ -12,7 +12,6 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaProperty>
-#include <QtWidgets/QApplication>
 #include <QtXml/QDomDocument>
 
 #include <benchmark/benchmark.h>
@@ -148,14 +147,3 @@ void QDomDocumentReader(benchmark::State &state)
 BENCHMARK(QDomDocumentReader)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
