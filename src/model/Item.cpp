@@ -126,7 +126,7 @@ ControlLink *Item::control() const
 
 void Item::storeKey(const QString &value)
 {
-    if (value.isEmpty())
+    if (value.isNull())
         m_ownKey.reset();
     else if (m_ownKey)
         *m_ownKey = compacted(value);

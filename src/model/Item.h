@@ -187,9 +187,10 @@ private:
     QString m_caption;
     Items *m_collection = nullptr;
     std::unique_ptr<ItemExtra> m_extra;
-    // A key of the program's own, nullptr while the key is generated (or
-    // empty): such keys are rare among a header's many items, so they are
-    // kept apart rather than spend a string's 24 bytes in every item.
+    // A key of the program's own, nullptr while the key is generated (or a
+    // null string). The items of a large header mostly carry generated keys,
+    // so an own key is kept apart rather than spend a string's 24 bytes in
+    // every item.
     std::unique_ptr<QString> m_ownKey;
     int m_index = 0;
     int m_viewId = -1;
