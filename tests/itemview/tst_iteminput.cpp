@@ -87,6 +87,7 @@ private slots:
     void staysDown();
     void keys_data();
     void keys();
+    void focusScrollsIntoView();
     void tabLeavesTheControl_data();
     void tabLeavesTheControl();
     void dragOver();
@@ -250,6 +251,23 @@ void tst_ItemInput::keys()
     QTest::keyClick(bar.view, key, modifiers);
     QCOMPARE(bar.log, expected);
     QCOMPARE(bar.view->focusPosition(), focusAfter);
+}
+
+void tst_ItemInput::focusScrollsIntoView()
+{
+    Bar bar;
+    QVERIFY(bar.ready());
+    Items *items = bar.quiver->Headers()->Item(1)->Items();
+    while (bar.view->lastFullyVisiblePosition() >= items->Count())
+        items->Add();
+    const int last = bar.view->lastFullyVisiblePosition();
+    bar.view->setCurrentItem(qint16(last));
+    bar.view->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(bar.view->hasFocus());
+    QTest::keyClick(bar.view, Qt::Key_Down);
+    QCOMPARE(bar.view->focusPosition(), last + 1);
+    QTRY_VERIFY(bar.view->lastFullyVisiblePosition() > last);
+    QVERIFY(bar.view->firstVisiblePosition() > 1);
 }
 
 void tst_ItemInput::tabLeavesTheControl_data()
