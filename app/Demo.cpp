@@ -112,8 +112,16 @@ Demo::Demo(QWidget *parent)
     const QMetaEnum styles = QMetaEnum::fromType<qvStyle>();
     for (int k = 0; k < styles.keyCount(); ++k)
         m_styles->addItem(QString::fromLatin1(styles.key(k)), styles.value(k));
-    connect(m_styles, &QComboBox::currentIndexChanged, this,
-            [this](int index) { m_control->ApplyStylePreset(qvStyle(m_styles->itemData(index).toInt())); });
+    connect(m_styles, &QComboBox::currentIndexChanged, this, [this](int index) {
+        m_control->ApplyStylePreset(qvStyle(m_styles->itemData(index).toInt()));
+        // An item keeps the caption colour it was made with; the demo's items
+        // take the new style's colour, as a host that restyles would do.
+        const OLE_COLOR color = m_control->ItemForeColor();
+        for (Header *header : *m_control->Headers()) {
+            for (Item *item : *header->Items())
+                item->setForeColor(color);
+        }
+    });
 
     auto *side = new QVBoxLayout;
     side->addWidget(new QLabel(QStringLiteral("Style"), this));
