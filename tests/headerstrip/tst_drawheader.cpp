@@ -77,36 +77,21 @@ void tst_DrawHeader::edges_data()
     QTest::addColumn<QPoint>("at");
     QTest::addColumn<QString>("expected");
 
-    struct Probe
-    {
-        const char *name;
-        QPoint at;
-        const char *color;
-    };
-    // A 40 x 20 bar: the last column is 39, the last row 19. The line
-    // drawing leaves out each segment's end point, so corners belong to the
-    // segment that starts there.
-    const QList<Probe> normal { { "top-left", { 0, 0 }, "hl" },    { "top end", { 38, 0 }, "hl" },
-                                { "top-right", { 39, 0 }, "sh" },  { "bottom-left", { 0, 19 }, "hl" },
-                                { "bottom row", { 1, 19 }, "sh" }, { "bottom-right", { 39, 19 }, "sh" },
-                                { "inside", { 1, 1 }, "back" },    { "inside far", { 38, 18 }, "back" } };
-    const QList<Probe> hot { { "top-left", { 0, 0 }, "hl" },      { "top-right", { 39, 0 }, "dk" },
-                             { "bottom-left", { 0, 19 }, "hl" },  { "bottom row", { 1, 19 }, "dk" },
-                             { "inner right", { 38, 1 }, "sh" },  { "inner corner", { 38, 18 }, "sh" },
-                             { "inner bottom", { 2, 18 }, "sh" }, { "inner end left out", { 1, 18 }, "back" },
-                             { "inside", { 37, 17 }, "back" } };
-    const QList<Probe> pressed {
-        { "top-left", { 0, 0 }, "dk" },     { "top-right", { 39, 0 }, "hl" },
-        { "bottom-left", { 0, 19 }, "dk" }, { "bottom row", { 1, 19 }, "hl" },
-        { "inner corner", { 1, 1 }, "sh" }, { "inner left", { 1, 18 }, "sh" },
-        { "inner top", { 37, 1 }, "sh" },   { "inner end left out", { 38, 1 }, "back" },
-        { "inside", { 2, 2 }, "back" }
-    };
-    const auto add = [](const char *look, qvStyle style, int state, const QList<Probe> &probes) {
+    // Probes "x y colour" on a 40 x 20 bar: the last column is 39, the last
+    // row 19. The line drawing leaves out each segment's end point, so
+    // corners belong to the segment that starts there, and the inner
+    // segments' left-out ends show the background.
+    const char *normal = "0 0 hl, 38 0 hl, 39 0 sh, 0 19 hl, 1 19 sh, 39 19 sh, 1 1 back, 38 18 back";
+    const char *hot = "0 0 hl, 39 0 dk, 0 19 hl, 1 19 dk, 38 1 sh, 38 18 sh, 2 18 sh, 1 18 back, 37 17 back";
+    const char *pressed = "0 0 dk, 39 0 hl, 0 19 dk, 1 19 hl, 1 1 sh, 1 18 sh, 37 1 sh, 38 1 back, 2 2 back";
+    const auto add = [](const char *look, qvStyle style, int state, const char *probes) {
         for (qreal dpr : { 1.0, 2.0 })
-            for (const Probe &probe : probes)
-                QTest::addRow("%s, %s, dpr %g", look, probe.name, dpr)
-                    << int(style) << state << dpr << probe.at << QString::fromLatin1(probe.color);
+            for (const QByteArray &probe : QByteArray(probes).split(',')) {
+                const QList<QByteArray> f = probe.trimmed().split(' ');
+                QTest::addRow("%s, %s %s, dpr %g", look, f[0].constData(), f[1].constData(), dpr)
+                    << int(style) << state << dpr << QPoint(f[0].toInt(), f[1].toInt())
+                    << QString::fromLatin1(f[2]);
+            }
     };
     add("normal", qvStyleOutlook, HeaderNormal, normal);
     add("hot", qvStyleWindowsXP, HeaderHot, hot);

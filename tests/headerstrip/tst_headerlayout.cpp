@@ -75,45 +75,34 @@ void tst_HeaderLayout::strip_data()
     QTest::addColumn<QRect>("view");
 
     // A 200 x 400 control with 20-pixel bars; hidden bars are placed all the same.
+    // Bars as "left width top", 20 high.
+    const auto rects = [](const char *bars) {
+        Rects r;
+        for (const QByteArray &bar : QByteArray(bars).split(',')) {
+            const QList<QByteArray> f = bar.trimmed().split(' ');
+            r.append(QRect(f[0].toInt(), f[2].toInt(), f[1].toInt(), 20));
+        }
+        return r;
+    };
     const Flags four { true, true, true, true };
     QTest::newRow("outlook") << int(qvStyleOutlook) << four << 2 << true
-                             << Rects { { 1, 1, 198, 20 },
-                                        { 1, 21, 198, 20 },
-                                        { 1, 360, 198, 20 },
-                                        { 1, 380, 198, 20 } }
-                             << QRect(7, 47, 187, 307);
+                             << rects("1 198 1, 1 198 21, 1 198 360, 1 198 380") << QRect(7, 47, 187, 307);
     QTest::newRow("windows") << int(qvStyleWindows2000) << four << 2 << true
-                             << Rects { { 1, 1, 198, 20 },
-                                        { 1, 21, 198, 20 },
-                                        { 1, 360, 198, 20 },
-                                        { 1, 380, 198, 20 } }
-                             << QRect(2, 43, 196, 314);
+                             << rects("1 198 1, 1 198 21, 1 198 360, 1 198 380") << QRect(2, 43, 196, 314);
     QTest::newRow("flat") << int(qvStyleVisualStudio) << four << 2 << true
-                          << Rects { { 0, 0, 200, 20 },
-                                     { 0, 21, 180, 20 },
-                                     { 0, 359, 180, 20 },
-                                     { 0, 380, 200, 20 } }
-                          << QRect(0, 42, 200, 316);
+                          << rects("0 200 0, 0 180 21, 0 180 359, 0 200 380") << QRect(0, 42, 200, 316);
     QTest::newRow("flat, last open") << int(qvStyleVisualStudio) << four << 4 << true
-                                     << Rects { { 0, 0, 200, 20 },
-                                                { 0, 21, 200, 20 },
-                                                { 0, 42, 200, 20 },
-                                                { 0, 63, 180, 20 } }
+                                     << rects("0 200 0, 0 200 21, 0 200 42, 0 180 63")
                                      << QRect(0, 84, 200, 295);
     QTest::newRow("hidden above") << int(qvStyleOutlookXP) << Flags { false, true, true, true } << 3 << true
-                                  << Rects { { 1, 1, 198, 20 },
-                                             { 1, 1, 198, 20 },
-                                             { 1, 21, 198, 20 },
-                                             { 1, 380, 198, 20 } }
-                                  << QRect(7, 47, 187, 307);
+                                  << rects("1 198 1, 1 198 1, 1 198 21, 1 198 380") << QRect(7, 47, 187, 307);
     QTest::newRow("flat, hidden below")
         << int(qvStyleVisualStudio) << Flags { true, true, false, true } << 1 << true
-        << Rects { { 0, 0, 180, 20 }, { 0, 359, 180, 20 }, { 0, 359, 200, 20 }, { 0, 380, 200, 20 } }
-        << QRect(0, 21, 200, 316);
+        << rects("0 180 0, 0 180 359, 0 200 359, 0 200 380") << QRect(0, 21, 200, 316);
     QTest::newRow("none open") << int(qvStyleOutlook) << Flags { true, true } << 0 << true
-                               << Rects { { 1, 360, 198, 20 }, { 1, 380, 198, 20 } } << QRect();
+                               << rects("1 198 360, 1 198 380") << QRect();
     QTest::newRow("lone bar hidden") << int(qvStyleOutlook) << Flags { true } << 1 << false
-                                     << Rects { { 1, -19, 198, 20 } } << QRect(7, 7, 187, 387);
+                                     << rects("1 198 -19") << QRect(7, 7, 187, 387);
 }
 
 void tst_HeaderLayout::strip()
