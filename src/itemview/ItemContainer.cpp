@@ -259,6 +259,9 @@ ItemContainer::ItemContainer(QWidget *parent)
     // click and by Tab until CanGetFocus says otherwise.
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    // The view paints every pixel it is asked for, so the bar need not paint
+    // beneath it first.
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 ItemContainer::~ItemContainer()
