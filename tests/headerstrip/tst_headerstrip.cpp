@@ -15,7 +15,6 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QFontMetrics>
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace OrrinQuiver;
