@@ -10,6 +10,7 @@
 #include "serialize/MemoryPropertyBag.h"
 
 #include <QtCore/QTemporaryFile>
+#include <QtCore/QtEndian>
 #include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtTest/QTest>
@@ -45,6 +46,8 @@ private slots:
     void sharedResources();
     void soundDownloads_data();
     void soundDownloads();
+    void folderSound_data();
+    void folderSound();
     void focus();
 };
 
@@ -135,7 +138,6 @@ void tst_Lifecycle::soundDownloads_data()
 void tst_Lifecycle::soundDownloads()
 {
     QFETCH(QByteArray, property);
-
     QTemporaryFile wave;
     QVERIFY(wave.open());
     wave.write(modQuiver::folderSound());
@@ -145,18 +147,48 @@ void tst_Lifecycle::soundDownloads()
     QuiverPrivate *d = QuiverPrivate::get(&control);
     QVERIFY(d->defaultSound.loaded);
     QCOMPARE(d->defaultSound.data, modQuiver::folderSound());
-    QuiverPrivate::Sound *sounds[] = { &d->itemSound, &d->headerUpSound, &d->headerDownSound };
     control.setProperty(property.constData(), QUrl::fromLocalFile(wave.fileName()).toString());
-    for (QuiverPrivate::Sound *sound : sounds) {
+    // Only the sound whose address was set loads, and it loads the file.
+    int loaded = 0;
+    for (QuiverPrivate::Sound *sound : { &d->itemSound, &d->headerUpSound, &d->headerDownSound }) {
         if (sound->url.isEmpty())
             continue;
         QTRY_VERIFY(sound->loaded);
         QCOMPARE(sound->data, modQuiver::folderSound());
+        ++loaded;
     }
-    int loaded = 0;
-    for (QuiverPrivate::Sound *sound : sounds)
-        loaded += sound->loaded;
     QCOMPARE(loaded, 1);
+}
+
+// The built-in header click: RIFF WAVE, PCM, mono, 22,050 Hz, 16 bits, 9,458
+// bytes, a LIST chunk between "fmt " and "data".
+void tst_Lifecycle::folderSound_data()
+{
+    QTest::addColumn<int>("offset");
+    QTest::addColumn<QByteArray>("hex");
+    QTest::newRow("RIFF, size, WAVE") << 0 << QByteArray("52494646 ea240000 57415645");
+    QTest::newRow("fmt chunk, PCM, one channel") << 12 << QByteArray("666d7420 10000000 0100 0100");
+    QTest::newRow("rates, block align, bits") << 24 << QByteArray("22560000 44ac0000 0200 1000");
+    QTest::newRow("LIST chunk") << 36 << QByteArray("4c495354 8c000000 494e464f");
+    QTest::newRow("data chunk") << 184 << QByteArray("64617461 32240000");
+}
+
+void tst_Lifecycle::folderSound()
+{
+    QFETCH(int, offset);
+    QFETCH(QByteArray, hex);
+    const QByteArray wave = modQuiver::folderSound();
+    QCOMPARE(wave.size(), 9458);
+    const QByteArray bytes = QByteArray::fromHex(hex);
+    QCOMPARE(wave.mid(offset, bytes.size()).toHex(), bytes.toHex());
+    // A click: a sharp start that dies away to silence well before the end.
+    auto sample = [&](int i) { return std::abs(qFromLittleEndian<qint16>(wave.constData() + 192 + 2 * i)); };
+    int loudest = 0;
+    for (int i = 0; i < 441; ++i)
+        loudest = std::max(loudest, sample(i));
+    QVERIFY(loudest > 16000);
+    for (int i = 4633 - 441; i < 4633; ++i)
+        QCOMPARE(sample(i), 0);
 }
 
 void tst_Lifecycle::focus()
