@@ -120,42 +120,35 @@ void tst_ScriptTestDriver::input_data()
     QTest::addColumn<QString>("script");
     QTest::addColumn<QStringList>("expected");
 
-    QTest::newRow("press on a child, in its coordinates, left by default")
-        << "Test.press(30, 20)"
-        << QStringList{"left enter", "left MouseMove 10,20 button 0 buttons 0",
-                       "left MouseButtonPress 10,20 button 1 buttons 1"};
+    const QStringList pressLeft{"left enter", "left MouseMove 10,20 button 0 buttons 0",
+                                "left MouseButtonPress 10,20 button 1 buttons 1"};
+    const QStringList clickRight{"right MouseButtonPress 50,30 button 1 buttons 1",
+                                 "right MouseButtonRelease 50,30 button 1 buttons 0"};
+    QTest::newRow("press on a child, in its coordinates, left by default") << "Test.press(30, 20)" << pressLeft;
     QTest::newRow("middle button on the control itself")
         << "Test.press(50, 200, 4)"
         << QStringList{"target MouseMove 50,200 button 0 buttons 0", "target MouseButtonPress 50,200 button 4 buttons 4"};
     QTest::newRow("release goes to the pressed child")
         << "Test.press(30, 20); Test.release(150, 10)"
-        << QStringList{"left enter", "left MouseMove 10,20 button 0 buttons 0",
-                       "left MouseButtonPress 10,20 button 1 buttons 1", "left MouseMove 130,10 button 0 buttons 1",
-                       "left MouseButtonRelease 130,10 button 1 buttons 0", "left leave", "right enter"};
+        << pressLeft + QStringList{"left MouseMove 130,10 button 0 buttons 1",
+                                   "left MouseButtonRelease 130,10 button 1 buttons 0", "left leave", "right enter"};
     QTest::newRow("move drags with the held button")
         << "Test.press(30, 20); Test.move(150, 50)"
-        << QStringList{"left enter", "left MouseMove 10,20 button 0 buttons 0",
-                       "left MouseButtonPress 10,20 button 1 buttons 1", "left MouseMove 130,50 button 0 buttons 1"};
+        << pressLeft + QStringList{"left MouseMove 130,50 button 0 buttons 1"};
     QTest::newRow("move with buttons given")
         << "Test.press(30, 20); Test.move(150, 50, 3)"
-        << QStringList{"left enter", "left MouseMove 10,20 button 0 buttons 0",
-                       "left MouseButtonPress 10,20 button 1 buttons 1", "left MouseMove 130,50 button 0 buttons 3"};
+        << pressLeft + QStringList{"left MouseMove 130,50 button 0 buttons 3"};
     QTest::newRow("move across children")
         << "Test.move(30, 5); Test.move(150, 5)"
         << QStringList{"left enter", "left MouseMove 10,5 button 0 buttons 0", "left leave", "right enter",
                        "right MouseMove 50,5 button 0 buttons 0"};
     QTest::newRow("two clicks are no double click")
         << "Test.click(150, 30); Test.click(150, 30)"
-        << QStringList{"right enter", "right MouseMove 50,30 button 0 buttons 0",
-                       "right MouseButtonPress 50,30 button 1 buttons 1",
-                       "right MouseButtonRelease 50,30 button 1 buttons 0",
-                       "right MouseButtonPress 50,30 button 1 buttons 1",
-                       "right MouseButtonRelease 50,30 button 1 buttons 0"};
+        << QStringList{"right enter", "right MouseMove 50,30 button 0 buttons 0"} + clickRight + clickRight;
     QTest::newRow("wheel goes up to the parents")
         << "Test.wheel(150, 30, -120)"
         << QStringList{"right Wheel 50,30 delta -120", "target Wheel 150,30 delta -120"};
-    QTest::newRow("key to the focus widget") << "Test.key('Down')"
-                                             << QStringList{"right KeyPress Down  modifiers 0"};
+    QTest::newRow("key to the focus widget") << "Test.key('Down')" << QStringList{"right KeyPress Down  modifiers 0"};
     QTest::newRow("letter with modifiers")
         << "Test.key('a', 'Ctrl+Shift')"
         << QStringList{"right KeyPress A A modifiers " + QString::number(int(Qt::ControlModifier | Qt::ShiftModifier))};
