@@ -1,6 +1,11 @@
+#include "control/Quiver.h"
+#include "design/StylePreset.h"
 #include "imaging/ImageList.h"
 #include "itemview/DrawItem.h"
+#include "itemview/ItemContainer.h"
 #include "itemview/ItemLayout.h"
+#include "model/Header.h"
+#include "model/Headers.h"
 #include "platform/SystemColors.h"
 
 #include <QtCore/QDir>
@@ -104,374 +109,286 @@ class tst_DrawItem : public QObject
     Q_OBJECT
 
 private slots:
-    void height_data();
-    void height();
-    void edges_data();
-    void edges();
-    void caption_data();
-    void caption();
-    void icon_data();
-    void icon();
-    void pictures();
-};
-
-void tst_DrawItem::height_data()
-{
-    QTest::addColumn<int>("style");
-    QTest::addColumn<int>("view");
-    QTest::addColumn<int>("listSide"); // 0: no image list
-    QTest::addColumn<int>("iconSide");
-    QTest::addColumn<bool>("stacked"); // caption below the icon
-
-    QTest::newRow("outlook large") << int(qvStyleOutlook) << int(qvViewLargeIcons) << 0 << 32 << true;
-    QTest::newRow("outlook small") << int(qvStyleOutlookXP) << int(qvViewSmallIcons) << 0 << 16 << false;
-    QTest::newRow("outlook large, 48 list")
-        << int(qvStyleOutlook) << int(qvViewLargeIcons) << 48 << 48 << true;
-    QTest::newRow("outlook small, 24 list")
-        << int(qvStyleOutlook) << int(qvViewSmallIcons) << 24 << 24 << false;
-    QTest::newRow("windows large") << int(qvStyleWindows2000) << int(qvViewLargeIcons) << 0 << 32 << true;
-    QTest::newRow("windows small") << int(qvStyleWindowsXP) << int(qvViewSmallIcons) << 0 << 16 << true;
-    QTest::newRow("flat large, 8 list")
-        << int(qvStyleVisualStudio) << int(qvViewLargeIcons) << 8 << 8 << false;
-    QTest::newRow("flat small") << int(qvStyleVisualStudio) << int(qvViewSmallIcons) << 0 << 16 << false;
-}
-
-void tst_DrawItem::height()
-{
-    QFETCH(int, style);
-    QFETCH(int, view);
-    QFETCH(int, listSide);
-    QFETCH(int, iconSide);
-    QFETCH(bool, stacked);
-
-    ItemLook l = look(style);
-    const auto list = iconList(listSide ? listSide : 1);
-    if (listSide)
-        (view == qvViewSmallIcons ? l.smallIcons : l.icons) = list.get();
-    QFont bold = l.font;
-    bold.setBold(true);
-    const int text = qMax(QFontMetrics(l.font).height(), QFontMetrics(bold).height());
-    // Margins: 2 above and 4 below a stacked item, 2 between icon cell and
-    // caption; 2 above and below a row; 2 around the icon inside its cell.
-    const int expected = stacked ? iconSide + text + 12 : qMax(iconSide + 4, text) + 4;
-    QCOMPARE(ItemHeight(l, qvViewType(view)), expected);
-
-    // The tallest drawing fits: a pressed, moved, focused bold caption under
-    // or beside the whole icon.
-    l.moveWithClick = true;
-    ItemPaint i = item(ItemPressed, QStringLiteral("Outbox"));
-    i.bold = i.hasFocus = true;
-    i.icon = 1;
-    const QImage image = paint(l, view, i, 1, 20);
-    QCOMPARE(find(image, color("red")).count, listSide ? iconSide * iconSide : 0);
-    const QRect caption = find(image, color("down")).bounds;
-    QCOMPARE(caption.height(), text + 2);
-    QVERIFY(caption.bottom() < expected);
-}
-
-void tst_DrawItem::edges_data()
-{
-    QTest::addColumn<int>("style");
-    QTest::addColumn<int>("view");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("staysDown");
-    QTest::addColumn<qreal>("dpr");
-    QTest::addColumn<int>("corner"); // Qt::Corner of the lit area
-    QTest::addColumn<QPoint>("offset"); // from that corner
-    QTest::addColumn<QString>("expected");
-
-    struct Probe
+    // Styles 0 Outlook, 1 Windows 2000, 2 Outlook XP, 3 Windows XP, 4 Visual
+    // Studio; views 0 large icons, 1 small icons.
+    void height_data()
     {
-        Qt::Corner corner;
-        QPoint offset;
-        const char *color;
-    };
-    using P = QList<Probe>;
-    // Each segment leaves out its end point, which belongs to the segment
-    // starting there: up the left, along the top, down the right, back
-    // along the bottom.
-    const auto frame = [](const char *topLeft, const char *bottomRight) {
-        return P { { Qt::TopLeftCorner, {}, topLeft },
-                   { Qt::TopRightCorner, { -1, 0 }, topLeft },
-                   { Qt::TopRightCorner, {}, bottomRight },
-                   { Qt::BottomLeftCorner, {}, topLeft },
-                   { Qt::BottomLeftCorner, { 1, 0 }, bottomRight },
-                   { Qt::BottomRightCorner, {}, bottomRight } };
-    };
-    const auto fill = [](const char *c) { return P { { Qt::TopLeftCorner, { 1, 1 }, c } }; };
-    // The check pattern: the check colour at the lit area's top-left,
-    // alternating with the highlight colour.
-    const P check { { Qt::TopLeftCorner, { 1, 1 }, "check" },
-                    { Qt::TopLeftCorner, { 2, 1 }, "hl" },
-                    { Qt::TopLeftCorner, { 1, 2 }, "hl" },
-                    { Qt::TopLeftCorner, { 2, 2 }, "check" } };
-    const auto add = [](const char *what, int style, int view, int state, bool staysDown, const P &probes) {
-        for (qreal dpr : { 1.0, 2.0 })
-            for (const Probe &p : probes)
-                QTest::addRow("%s, corner %d%+d%+d, dpr %g", what, p.corner, p.offset.x(), p.offset.y(), dpr)
-                    << style << view << state << staysDown << dpr << int(p.corner) << p.offset
-                    << QString::fromLatin1(p.color);
-    };
-    const P raised = frame("hl", "dk") + fill("overBack");
-    const P sunken = frame("dk", "hl") + fill("downBack");
-    const P flat = frame("dk", "dk");
-    add("outlook large hot", qvStyleOutlook, qvViewLargeIcons, ItemHot, false, raised);
-    add("outlook large pressed", qvStyleOutlookXP, qvViewLargeIcons, ItemPressed, false, sunken);
-    add("outlook large stays down", qvStyleOutlook, qvViewLargeIcons, ItemNormal, true,
-        check + frame("dk", "hl"));
-    add("outlook small hot", qvStyleOutlook, qvViewSmallIcons, ItemHot, false, raised);
-    add("outlook small pressed stays down", qvStyleOutlookXP, qvViewSmallIcons, ItemPressed, true,
-        check + frame("dk", "hl"));
-    add("outlook small normal", qvStyleOutlook, qvViewSmallIcons, ItemNormal, false,
-        frame("back", "back") + fill("back"));
-    add("windows hot", qvStyleWindows2000, qvViewLargeIcons, ItemHot, false, raised);
-    add("windows pressed", qvStyleWindowsXP, qvViewSmallIcons, ItemPressed, false, sunken);
-    add("windows hot stays down", qvStyleWindowsXP, qvViewLargeIcons, ItemHot, true,
-        check + frame("dk", "hl"));
-    add("flat hot", qvStyleVisualStudio, qvViewSmallIcons, ItemHot, false, flat + fill("overBack"));
-    add("flat stays down", qvStyleVisualStudio, qvViewLargeIcons, ItemNormal, true, check + flat);
-}
+        QTest::addColumn<int>("style");
+        QTest::addColumn<int>("view");
+        QTest::addColumn<int>("listSide"); // 0: no image list, icons of 32 (large) or 16 (small)
+        QTest::addColumn<bool>("stacked"); // caption below the icon
 
-void tst_DrawItem::edges()
-{
-    QFETCH(int, style);
-    QFETCH(int, view);
-    QFETCH(int, state);
-    QFETCH(bool, staysDown);
-    QFETCH(qreal, dpr);
-    QFETCH(int, corner);
-    QFETCH(QPoint, offset);
-    QFETCH(QString, expected);
+        QTest::newRow("outlook large") << 0 << 0 << 0 << true;
+        QTest::newRow("outlook small") << 2 << 1 << 0 << false;
+        QTest::newRow("outlook large, 48 list") << 0 << 0 << 48 << true;
+        QTest::newRow("outlook small, 24 list") << 0 << 1 << 24 << false;
+        QTest::newRow("windows small") << 3 << 1 << 0 << true;
+        QTest::newRow("flat large, 8 list") << 4 << 0 << 8 << false;
+    }
+    void height()
+    {
+        QFETCH(int, style);
+        QFETCH(int, view);
+        QFETCH(int, listSide);
+        QFETCH(bool, stacked);
+        const int iconSide = listSide ? listSide : view ? 16 : 32;
+        ItemLook l = look(style);
+        const auto list = iconList(listSide ? listSide : 1);
+        if (listSide)
+            (view ? l.smallIcons : l.icons) = list.get();
+        QFont bold = l.font;
+        bold.setBold(true);
+        const int text = qMax(QFontMetrics(l.font).height(), QFontMetrics(bold).height());
+        // Margins: 2 above and 4 below a stacked item, 2 between icon cell and
+        // caption; 2 above and below a row; 2 around the icon inside its cell.
+        const int expected = stacked ? iconSide + text + 12 : qMax(iconSide + 4, text) + 4;
+        QCOMPARE(ItemHeight(l, qvViewType(view)), expected);
 
-    const ItemLook l = look(style);
-    ItemPaint i = item(state);
-    i.staysDown = staysDown;
-    const QImage image = paint(l, view, i, dpr);
-    // Outlook's large icons light their 36-pixel icon cell, centred two
-    // pixels down; everything else lights the whole row.
-    const bool cellOnly = (style == qvStyleOutlook || style == qvStyleOutlookXP) && view == qvViewLargeIcons;
-    const QRect lit
-        = cellOnly ? QRect((Width - 36) / 2, 2, 36, 36) : QRect(0, 0, Width, image.height() / dpr);
-    const QPoint corners[] = { lit.topLeft(), lit.topRight(), lit.bottomLeft(), lit.bottomRight() };
-    const QPoint at = (corners[corner] + offset) * dpr;
-    // One logical pixel covers dpr x dpr device pixels, all of one colour.
-    QCOMPARE(find(image.copy(QRect(at, QSize(1, 1) * dpr)), color(expected)).count, int(dpr * dpr));
-}
+        // The tallest drawing fits: a pressed, moved, focused bold caption
+        // under or beside the whole icon.
+        l.moveWithClick = true;
+        ItemPaint i = item(ItemPressed, QStringLiteral("Outbox"));
+        i.bold = i.hasFocus = true;
+        i.icon = 1;
+        const QImage image = paint(l, view, i, 1, 20);
+        QCOMPARE(find(image, color("red")).count, listSide ? iconSide * iconSide : 0);
+        const QRect caption = find(image, color("down")).bounds;
+        QCOMPARE(caption.height(), text + 2);
+        QVERIFY(caption.bottom() < expected);
+    }
 
-void tst_DrawItem::caption_data()
-{
-    QTest::addColumn<int>("style");
-    QTest::addColumn<int>("view");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("flags"); // b bold, d disabled, u underline on move, m move with click
-    QTest::addColumn<QStringList>("colors"); // of the caption, the last one on top
-    QTest::addColumn<bool>("underlined");
-    QTest::addColumn<QPoint>("shift"); // against the same item drawn normal
+    void looks_data()
+    {
+        QTest::addColumn<int>("style");
+        QTest::addColumn<int>("view");
+        QTest::addColumn<int>("state");
+        // s stays down, b bold, d disabled, u underline on move, m move with click
+        QTest::addColumn<QString>("flags");
+        QTest::addColumn<QStringList>("edges"); // top-left, bottom-right, fill of what lights up
+        QTest::addColumn<QStringList>("caption"); // its colours, the last one on top
+        QTest::addColumn<bool>("underlined");
+        QTest::addColumn<QPoint>("shift"); // against the same item drawn normal
 
-    const auto row = [](const char *name, int style, int view, int state, const char *flags) -> QTestData & {
-        return QTest::newRow(name) << style << view << state << QString::fromLatin1(flags);
-    };
-    const QStringList fore { "fore" }, over { "over" }, down { "down" };
-    row("outlook large normal", qvStyleOutlook, qvViewLargeIcons, ItemNormal, "u")
-        << fore << false << QPoint();
-    row("outlook large hot, underline", qvStyleOutlook, qvViewLargeIcons, ItemHot, "u")
-        << over << true << QPoint();
-    row("outlook small hot", qvStyleOutlook, qvViewSmallIcons, ItemHot, "") << over << false << QPoint();
-    row("outlook small pressed", qvStyleOutlookXP, qvViewSmallIcons, ItemPressed, "u")
-        << down << false << QPoint();
-    row("windows pressed moves", qvStyleWindows2000, qvViewLargeIcons, ItemPressed, "m")
-        << down << false << QPoint(1, 1);
-    row("windows hot stays", qvStyleWindowsXP, qvViewSmallIcons, ItemHot, "m") << over << false << QPoint();
-    row("flat bold", qvStyleVisualStudio, qvViewSmallIcons, ItemNormal, "b") << fore << false << QPoint();
-    row("flat pressed moves", qvStyleVisualStudio, qvViewLargeIcons, ItemPressed, "m")
-        << down << false << QPoint(1, 1);
-    row("disabled is etched", qvStyleOutlook, qvViewLargeIcons, ItemHot, "d")
-        << QStringList { "hl", "sh" } << false << QPoint();
-    row("unknown state is normal", qvStyleOutlook, qvViewLargeIcons, 7, "u") << fore << false << QPoint();
-}
+        const auto row = [](const char *name, int style, int view, int state, const char *flags,
+                            const QStringList &edges, const QStringList &caption, bool underlined = false,
+                            QPoint shift = {}) {
+            QTest::newRow(name) << style << view << state << QString::fromLatin1(flags) << edges << caption
+                                << underlined << shift;
+        };
+        const QStringList raised { "hl", "dk", "overBack" }, sunken { "dk", "hl", "downBack" };
+        const QStringList checked { "dk", "hl", "check" }, none { "back", "back", "back" };
+        const QStringList fore { "fore" }, over { "over" }, down { "down" };
+        const int normal = ItemNormal, hot = ItemHot, pressed = ItemPressed;
+        row("outlook large hot, underline", 0, 0, hot, "u", raised, over, true);
+        row("outlook large pressed", 2, 0, pressed, "u", sunken, down);
+        row("outlook large stays down", 0, 0, normal, "s", checked, fore);
+        row("outlook small pressed stays down", 2, 1, pressed, "s", checked, down);
+        row("outlook small normal", 0, 1, normal, "u", none, fore);
+        row("windows hot stays put", 1, 0, hot, "m", raised, over);
+        row("windows pressed moves", 3, 1, pressed, "m", sunken, down, false, { 1, 1 });
+        row("windows hot stays down", 3, 0, hot, "s", checked, over);
+        row("flat hot", 4, 1, hot, "", { "dk", "dk", "overBack" }, over);
+        row("flat bold stays down", 4, 0, normal, "sb", { "dk", "dk", "check" }, fore);
+        row("flat pressed moves", 4, 0, pressed, "m", { "dk", "dk", "downBack" }, down, false, { 1, 1 });
+        row("disabled is etched", 0, 0, hot, "d", raised, { "hl", "sh" });
+        row("unknown state is normal", 0, 0, 7, "u", none, fore);
+    }
+    void looks()
+    {
+        QFETCH(int, style);
+        QFETCH(int, view);
+        QFETCH(int, state);
+        QFETCH(QString, flags);
+        QFETCH(QStringList, edges);
+        QFETCH(QStringList, caption);
+        QFETCH(bool, underlined);
+        QFETCH(QPoint, shift);
+        ItemLook l = look(style);
+        l.underlineOnMove = flags.contains(u'u');
+        l.moveWithClick = flags.contains(u'm');
+        ItemPaint i = item(state, QStringLiteral("Inbox"));
+        i.staysDown = flags.contains(u's');
+        i.enabled = !flags.contains(u'd');
+        i.bold = flags.contains(u'b');
 
-void tst_DrawItem::caption()
-{
-    QFETCH(int, style);
-    QFETCH(int, view);
-    QFETCH(int, state);
-    QFETCH(QString, flags);
-    QFETCH(QStringList, colors);
-    QFETCH(bool, underlined);
-    QFETCH(QPoint, shift);
-
-    ItemLook l = look(style);
-    l.underlineOnMove = flags.contains(u'u');
-    l.moveWithClick = flags.contains(u'm');
-    ItemPaint i = item(state, QStringLiteral("Inbox"));
-    i.enabled = !flags.contains(u'd');
-    i.bold = flags.contains(u'b');
-    const QImage image = paint(l, view, i);
-
-    // Inside the row's edges: only the fills and the caption's colours.
-    QSet<QRgb> seen;
-    for (int y = 1; y < image.height() - 1; ++y)
-        for (int x = 1; x < image.width() - 1; ++x)
-            seen.insert(image.pixel(x, y));
-    QSet<QRgb> expected;
-    for (const QString &name : colors)
-        expected.insert(color(name).rgb());
-    for (const char *edgeOrFill : { "back", "overBack", "downBack", "hl", "dk" })
-        if (!colors.contains(QLatin1String(edgeOrFill)))
-            seen.remove(color(QLatin1String(edgeOrFill)).rgb());
-    QCOMPARE(seen, expected);
-
-    const Found text = find(image, color(colors.last()));
-    QCOMPARE(text.longestRun >= text.bounds.width() - 1, underlined);
-    ItemPaint normal = item(ItemNormal, i.caption);
-    normal.enabled = i.enabled;
-    const Found reference = find(paint(look(style), view, normal), color(i.enabled ? "fore" : "sh"));
-    if (i.bold)
-        QVERIFY(text.count > reference.count);
-    else if (!underlined)
-        QCOMPARE(text.bounds, reference.bounds.translated(shift));
-}
-
-void tst_DrawItem::icon_data()
-{
-    QTest::addColumn<int>("view");
-    QTest::addColumn<QVariant>("icon");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<QString>("expected"); // empty: no icon; "disabled": drawn, not in its colour
-
-    const int large = qvViewLargeIcons;
-    QTest::newRow("by key") << large << QVariant(QStringLiteral("green")) << true << "green";
-    QTest::newRow("by index") << large << QVariant(1) << true << "red";
-    QTest::newRow("by index, small view") << int(qvViewSmallIcons) << QVariant(2) << true << "green";
-    QTest::newRow("fraction dropped") << large << QVariant(2.5) << true << "green";
-    QTest::newRow("disabled") << large << QVariant(1) << false << "disabled";
-    QTest::newRow("unknown key") << large << QVariant(QStringLiteral("blue")) << true << "";
-    QTest::newRow("letter case counts") << large << QVariant(QStringLiteral("Red")) << true << "";
-    QTest::newRow("digits are a key") << large << QVariant(QStringLiteral("1")) << true << "";
-    QTest::newRow("index 0") << large << QVariant(0) << true << "";
-    QTest::newRow("past the end") << large << QVariant(3) << true << "";
-    QTest::newRow("negative") << int(qvViewSmallIcons) << QVariant(-1) << true << "";
-    QTest::newRow("huge") << large << QVariant(1e300) << true << "";
-    QTest::newRow("not a number") << large << QVariant(qQNaN()) << true << "";
-    QTest::newRow("empty") << large << QVariant() << true << "";
-    QTest::newRow("a truth value") << large << QVariant(true) << true << "";
-}
-
-void tst_DrawItem::icon()
-{
-    QFETCH(int, view);
-    QFETCH(QVariant, icon);
-    QFETCH(bool, enabled);
-    QFETCH(QString, expected);
-
-    const int side = view == qvViewSmallIcons ? 16 : 32;
-    // The other view's list has other colours: an item draws from its own.
-    auto list = iconList(side);
-    const auto other = iconList(48 - side, { color("dk"), color("sh"), color("hl") });
-    ItemLook l = look(qvStyleWindows2000);
-    l.icons = view == qvViewSmallIcons ? other.get() : list.get();
-    l.smallIcons = view == qvViewSmallIcons ? list.get() : other.get();
-    ItemPaint i = item(ItemNormal);
-    i.icon = icon;
-    i.enabled = enabled;
-    QImage image = paint(l, view, i);
-    for (const char *name : { "red", "green" })
-        QCOMPARE(find(image, color(QLatin1String(name))).count,
-                 expected == QLatin1String(name) ? side * side : 0);
-    // The icon sits centred in the row two pixels below its cell's top.
-    const Found blank = find(image.copy(QRect((Width - side) / 2, 4, side, side)), color("back"));
-    QCOMPARE(blank.count == side * side, expected.isEmpty());
-
-    // A list that is gone draws nothing.
-    list.reset();
-    QCOMPARE(find(paint(l, view, i), color("back")).count, image.width() * image.height());
-}
-
-// With QUIVER_PAINTING_PICTURES naming a folder, saves there a column of
-// items (normal, hot, pressed, stays down with focus, disabled) for every
-// style and view: the pictures of docs/painting.md.
-void tst_DrawItem::pictures()
-{
-    const QString folder = qEnvironmentVariable("QUIVER_PAINTING_PICTURES");
-    if (folder.isEmpty())
-        QSKIP("QUIVER_PAINTING_PICTURES is not set");
-    QVERIFY(QDir().mkpath(folder));
-    // Rounded tiles with a white dot, on transparent ground.
-    const auto tiles = [](int side) {
-        auto list = std::make_unique<ImageList>();
-        list->setImageWidth(side);
-        list->setImageHeight(side);
-        for (const QColor &tone : { QColor(40, 110, 200), QColor(220, 150, 30), QColor(60, 160, 80),
-                                    QColor(190, 60, 60), QColor(120, 80, 170) }) {
-            QPixmap pixmap(side, side);
-            pixmap.fill(Qt::transparent);
-            QPainter p(&pixmap);
-            p.setRenderHint(QPainter::Antialiasing);
-            p.setPen(tone.darker());
-            p.setBrush(tone);
-            p.drawRoundedRect(QRectF(0.5, 0.5, side - 1, side - 1), side / 5.0, side / 5.0);
-            p.setBrush(Qt::white);
-            p.drawEllipse(QRectF(side * 0.3, side * 0.3, side * 0.4, side * 0.4));
-            p.end();
-            list->AddFromPicture(QIcon(pixmap));
+        // Outlook's large icons light their 36-pixel icon cell, centred two
+        // pixels down; everything else lights the whole row. Each edge leaves
+        // out its end point, which belongs to the edge starting there: up the
+        // left, along the top, down the right, back along the bottom. The check
+        // pattern alternates with the highlight colour.
+        const bool cellOnly = (style == 0 || style == 2) && view == 0;
+        const int height = ItemHeight(l, qvViewType(view));
+        const QRect lit = cellOnly ? QRect((Width - 36) / 2, 2, 36, 36) : QRect(0, 0, Width, height);
+        const QString &topLeft = edges[0], &bottomRight = edges[1], &fill = edges[2];
+        const QList<std::pair<QPoint, QString>> probes {
+            { lit.topLeft(), topLeft },
+            { lit.topRight() - QPoint(1, 0), topLeft },
+            { lit.topRight(), bottomRight },
+            { lit.bottomLeft(), topLeft },
+            { lit.bottomLeft() + QPoint(1, 0), bottomRight },
+            { lit.bottomRight(), bottomRight },
+            { lit.topLeft() + QPoint(1, 1), fill },
+            { lit.topLeft() + QPoint(2, 1), fill == QLatin1String("check") ? QStringLiteral("hl") : fill },
+            { lit.topLeft() + QPoint(2, 2), fill },
+        };
+        // At device pixel ratios 1 and 2 every probed logical pixel is one colour.
+        for (const qreal dpr : { 2.0, 1.0 }) {
+            const QImage image = paint(l, view, i, dpr);
+            for (const auto &[at, name] : probes) {
+                const QImage pixel = image.copy(QRect(at * dpr, QSize(1, 1) * dpr));
+                QVERIFY2(find(pixel, color(name)).count == int(dpr * dpr),
+                         qPrintable(QStringLiteral("%1 at %2,%3").arg(name).arg(at.x()).arg(at.y())));
+            }
         }
-        return list;
-    };
-    const auto large = tiles(32);
-    const auto small = tiles(16);
-    const char *const styles[] = { "outlook", "windows2000", "outlookxp", "windowsxp", "visualstudio" };
-    const char *const captions[] = { "Inbox", "Calendar", "Contacts", "Tasks", "Deleted Items" };
-    // Each style's preset item colours: back, fore, over fore, down fore,
-    // over back, down back, check, shadow, dark shadow, highlight.
-    const OLE_COLOR Shadow = SystemColors::ButtonShadow, Face = SystemColors::ButtonFace,
-                    Window = SystemColors::Window, Dark = SystemColors::ButtonDarkShadow,
-                    Light = SystemColors::ButtonHighlight, OverXP = rgbColor(181, 190, 214),
-                    DownXP = rgbColor(132, 146, 181), CheckXP = rgbColor(8, 36, 107),
-                    Studio = rgbColor(233, 229, 221);
-    const OLE_COLOR presets[][10] = {
-        { Shadow, Window, Window, Window, Shadow, Shadow, Face, Shadow, Dark, Light },
-        { Shadow, Window, Window, Window, Shadow, Shadow, Face, Shadow, Dark, Light },
-        { Face, 0, 0, 0, OverXP, DownXP, CheckXP, Shadow, Dark, Light },
-        { rgbColor(222, 219, 214), 0, 0xFFFFFF, 0, OverXP, DownXP, CheckXP, rgbColor(132, 130, 132), 0,
-          0xFFFFFF },
-        { Face, SystemColors::ButtonText, SystemColors::ButtonText, Window, Shadow, Studio, Studio, Shadow,
-          Dark, Light },
-    };
-    constexpr int PictureWidth = 120;
-    for (int style = qvStyleOutlook; style <= qvStyleVisualStudio; ++style)
-        for (int view : { int(qvViewLargeIcons), int(qvViewSmallIcons) }) {
-            const OLE_COLOR *c = presets[style];
+
+        // Inside the row's edges: only edges, fills and the caption's colours.
+        const QImage image = paint(l, view, i);
+        QSet<QRgb> seen, expected;
+        for (int y = 1; y < image.height() - 1; ++y)
+            for (int x = 1; x < image.width() - 1; ++x)
+                seen.insert(image.pixel(x, y));
+        for (const QString &name : caption)
+            expected.insert(color(name).rgb());
+        for (const char *edgeOrFill : { "back", "overBack", "downBack", "check", "hl", "dk" })
+            if (!caption.contains(QLatin1String(edgeOrFill)))
+                seen.remove(color(QLatin1String(edgeOrFill)).rgb());
+        QCOMPARE(seen, expected);
+
+        const Found text = find(image, color(caption.last()));
+        QCOMPARE(text.longestRun >= text.bounds.width() - 1, underlined);
+        ItemPaint normal = item(ItemNormal, i.caption);
+        normal.enabled = i.enabled;
+        const Found reference = find(paint(look(style), view, normal), color(i.enabled ? "fore" : "sh"));
+        if (i.bold)
+            QVERIFY(text.count > reference.count);
+        else if (!underlined)
+            QCOMPARE(text.bounds, reference.bounds.translated(shift));
+    }
+
+    void icon_data()
+    {
+        QTest::addColumn<int>("view");
+        QTest::addColumn<QVariant>("icon");
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<QString>("expected"); // empty: no icon; "disabled": drawn, not in its colour
+
+        const int large = qvViewLargeIcons;
+        QTest::newRow("by key") << large << QVariant(QStringLiteral("green")) << true << "green";
+        QTest::newRow("by index") << large << QVariant(1) << true << "red";
+        QTest::newRow("by index, small view") << int(qvViewSmallIcons) << QVariant(2) << true << "green";
+        QTest::newRow("fraction dropped") << large << QVariant(2.5) << true << "green";
+        QTest::newRow("disabled") << large << QVariant(1) << false << "disabled";
+        QTest::newRow("unknown key") << large << QVariant(QStringLiteral("blue")) << true << "";
+        QTest::newRow("letter case counts") << large << QVariant(QStringLiteral("Red")) << true << "";
+        QTest::newRow("digits are a key") << large << QVariant(QStringLiteral("1")) << true << "";
+        QTest::newRow("index 0") << large << QVariant(0) << true << "";
+        QTest::newRow("past the end") << large << QVariant(3) << true << "";
+        QTest::newRow("negative") << int(qvViewSmallIcons) << QVariant(-1) << true << "";
+        QTest::newRow("huge") << large << QVariant(1e300) << true << "";
+        QTest::newRow("not a number") << large << QVariant(qQNaN()) << true << "";
+        QTest::newRow("empty") << large << QVariant() << true << "";
+        QTest::newRow("a truth value") << large << QVariant(true) << true << "";
+    }
+    void icon()
+    {
+        QFETCH(int, view);
+        QFETCH(QVariant, icon);
+        QFETCH(bool, enabled);
+        QFETCH(QString, expected);
+        const int side = view == qvViewSmallIcons ? 16 : 32;
+        // The other view's list has other colours: an item draws from its own.
+        auto list = iconList(side);
+        const auto other = iconList(48 - side, { color("dk"), color("sh"), color("hl") });
+        ItemLook l = look(qvStyleWindows2000);
+        l.icons = view == qvViewSmallIcons ? other.get() : list.get();
+        l.smallIcons = view == qvViewSmallIcons ? list.get() : other.get();
+        ItemPaint i = item(ItemNormal);
+        i.icon = icon;
+        i.enabled = enabled;
+        QImage image = paint(l, view, i);
+        for (const char *name : { "red", "green" })
+            QCOMPARE(find(image, color(QLatin1String(name))).count,
+                     expected == QLatin1String(name) ? side * side : 0);
+        // The icon sits centred in the row two pixels below its cell's top.
+        const Found blank = find(image.copy(QRect((Width - side) / 2, 4, side, side)), color("back"));
+        QCOMPARE(blank.count == side * side, expected.isEmpty());
+
+        // A list that is gone draws nothing.
+        list.reset();
+        QCOMPARE(find(paint(l, view, i), color("back")).count, image.width() * image.height());
+    }
+
+    // With QUIVER_PAINTING_PICTURES naming a folder, saves there a column of
+    // items (normal, hot, pressed, stays down with focus, disabled) in each
+    // style's preset colours for every style and view: the pictures of
+    // docs/painting.md.
+    void pictures()
+    {
+        const QString folder = qEnvironmentVariable("QUIVER_PAINTING_PICTURES");
+        if (folder.isEmpty())
+            QSKIP("QUIVER_PAINTING_PICTURES is not set");
+        QVERIFY(QDir().mkpath(folder));
+        // Rounded tiles with a white dot, on transparent ground.
+        const auto tiles = [](int side) {
+            auto list = std::make_unique<ImageList>();
+            list->setImageWidth(side);
+            list->setImageHeight(side);
+            for (const QColor &tone : { QColor(40, 110, 200), QColor(220, 150, 30), QColor(60, 160, 80),
+                                        QColor(190, 60, 60), QColor(120, 80, 170) }) {
+                QPixmap pixmap(side, side);
+                pixmap.fill(Qt::transparent);
+                QPainter p(&pixmap);
+                p.setRenderHint(QPainter::Antialiasing);
+                p.setPen(tone.darker());
+                p.setBrush(tone);
+                p.drawRoundedRect(QRectF(0.5, 0.5, side - 1, side - 1), side / 5.0, side / 5.0);
+                p.setBrush(Qt::white);
+                p.drawEllipse(QRectF(side * 0.3, side * 0.3, side * 0.4, side * 0.4));
+                p.end();
+                list->AddFromPicture(QIcon(pixmap));
+            }
+            return list;
+        };
+        const auto large = tiles(32);
+        const auto small = tiles(16);
+        const char *const styles[] = { "outlook", "windows2000", "outlookxp", "windowsxp", "visualstudio" };
+        const char *const captions[] = { "Inbox", "Calendar", "Contacts", "Tasks", "Deleted Items" };
+        constexpr int PictureWidth = 120;
+        for (int style = qvStyleOutlook; style <= qvStyleVisualStudio; ++style) {
+            Quiver bar;
+            bar.InitProperties();
+            StylePreset::apply(style, bar);
+            const auto *view = dynamic_cast<const ItemContainer *>(bar.Headers()->at(1)->itemView());
             ItemLook l = look(style);
             l.font.setStyleStrategy(QFont::PreferDefault);
-            l.colors = { c[0], c[2], c[4], c[3], c[5], c[6], c[9], c[7], c[8] };
+            l.colors = view->look().colors;
             l.icons = large.get();
             l.smallIcons = small.get();
             l.underlineOnMove = true;
-            const int step = ItemHeight(l, qvViewType(view)) + itemGap(l.style, qvViewType(view));
-            QImage image(PictureWidth, 5 * step, QImage::Format_RGB32);
-            image.fill(translateColor(c[0], classicPalette()));
-            QPainter p(&image);
-            const IconGeometry geometry
-                = iconGeometryFor(l.style, qvViewType(view), PictureWidth, IconGeometry());
-            for (int k = 0; k < 5; ++k) {
-                ItemPaint i = item(k == 1       ? ItemHot
-                                       : k == 2 ? ItemPressed
-                                                : ItemNormal,
-                                   QLatin1String(captions[k]));
-                i.foreColor = c[1];
-                i.icon = k + 1;
-                i.staysDown = i.hasFocus = k == 3;
-                i.enabled = k != 4;
-                DrawItem(p, QRect(0, k * step, PictureWidth, step - itemGap(l.style, qvViewType(view))), l,
-                         qvViewType(view), geometry, i, classicPalette());
+            for (const auto kind : { qvViewLargeIcons, qvViewSmallIcons }) {
+                const int gap = itemGap(l.style, kind);
+                const int step = ItemHeight(l, kind) + gap;
+                QImage image(PictureWidth, 5 * step, QImage::Format_RGB32);
+                image.fill(translateColor(l.colors.back, classicPalette()));
+                QPainter p(&image);
+                const IconGeometry geometry = iconGeometryFor(l.style, kind, PictureWidth, IconGeometry());
+                for (int k = 0; k < 5; ++k) {
+                    ItemPaint i = item(k == 1 ? ItemHot : k == 2 ? ItemPressed : ItemNormal, captions[k]);
+                    i.foreColor = bar.property("ItemForeColor").value<OLE_COLOR>();
+                    i.icon = k + 1;
+                    i.staysDown = i.hasFocus = k == 3;
+                    i.enabled = k != 4;
+                    DrawItem(p, QRect(0, k * step, PictureWidth, step - gap), l, kind, geometry, i,
+                             classicPalette());
+                }
+                p.end();
+                const QString name = QStringLiteral("items-%1-%2.png")
+                                         .arg(styles[style], kind == qvViewSmallIcons ? "small" : "large");
+                QVERIFY(image.save(QDir(folder).filePath(name)));
             }
-            p.end();
-            const QString name = QStringLiteral("items-%1-%2.png")
-                                     .arg(QLatin1String(styles[style]),
-                                          QLatin1String(view == qvViewSmallIcons ? "small" : "large"));
-            QVERIFY(image.save(QDir(folder).filePath(name)));
         }
-}
+    }
+};
 
 QTEST_MAIN(tst_DrawItem)
 #include "tst_drawitem.moc"

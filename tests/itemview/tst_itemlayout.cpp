@@ -6,15 +6,16 @@ using namespace OrrinQuiver;
 
 namespace {
 
-// Items whose Visible flags are written as a text: '1' shown, '0' hidden.
+// Rows 10 pixels high whose Visible flags are written as a text: '1' shown,
+// '0' hidden.
 struct Rows
 {
-    explicit Rows(const QString &flags, int height = 10, int gap = 2)
+    explicit Rows(const QString &flags, int gap = 2)
     {
         for (const QChar c : flags)
             shown.push_back(c == QLatin1Char('1'));
         layout.setCount(int(shown.size()));
-        layout.setRowHeight(height);
+        layout.setRowHeight(10);
         layout.setGap(gap);
     }
     std::vector<bool> shown;
@@ -36,7 +37,6 @@ private slots:
         QTest::addColumn<QList<int>>("expected"); // mode, left, cell, gap
 
         QTest::newRow("outlookLarge") << 0 << 0 << 100 << QList { 2, 32, 36, 2 };
-        QTest::newRow("outlookLarge36") << 0 << 0 << 36 << QList { 2, 0, 36, 2 };
         QTest::newRow("outlookLarge35Truncates") << 2 << 0 << 35 << QList { 2, 0, 36, 2 };
         QTest::newRow("outlookLarge30Negative") << 0 << 0 << 30 << QList { 2, -3, 36, 2 };
         QTest::newRow("outlookXPSmall") << 2 << 1 << 100 << QList { 1, 0, 20, 2 };
@@ -46,7 +46,6 @@ private slots:
         QTest::newRow("styleAbove") << 5 << 0 << 100 << QList { 9, 9, 9, 0 };
         QTest::newRow("outlookUnknownView") << 0 << 2 << 100 << QList { 9, 9, 9, 0 };
     }
-
     void geometry()
     {
         QFETCH(int, style);
@@ -54,130 +53,85 @@ private slots:
         QFETCH(int, width);
         QFETCH(QList<int>, expected);
         const IconGeometry g = iconGeometryFor(qvStyle(style), qvViewType(view), width, { 9, 9, 9 });
-        QCOMPARE((QList { g.layoutMode, g.iconLeft, g.iconCellWidth, itemGap(qvStyle(style), qvViewType(view)) }),
-                 expected);
+        const int gap = itemGap(qvStyle(style), qvViewType(view));
+        QCOMPARE((QList { g.layoutMode, g.iconLeft, g.iconCellWidth, gap }), expected);
     }
 
-    void stacking_data()
+    // Over the same rows: "tops" lists every top, then the surface height and
+    // the tops of the positions given; "at" is positionAt(y), "range"
+    // visibleRange(y0, y1), "arrow" isDownArrowNeeded(surfaceTop, viewHeight).
+    void queries_data()
     {
         QTest::addColumn<QString>("flags");
         QTest::addColumn<int>("gap");
-        QTest::addColumn<QList<int>>("tops");
-        QTest::addColumn<int>("height");
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QList<int>>("args");
+        QTest::addColumn<QList<int>>("expected");
 
-        QTest::newRow("allShown") << "111" << 2 << QList { 0, 12, 24 } << 34;
-        QTest::newRow("noGap") << "111" << 0 << QList { 0, 10, 20 } << 30;
-        QTest::newRow("hiddenFirst") << "011" << 2 << QList { 0, 0, 12 } << 22;
-        QTest::newRow("hiddenMiddle") << "10101" << 2 << QList { 0, 12, 12, 24, 24 } << 34;
-        QTest::newRow("hiddenEnd") << "1100" << 0 << QList { 0, 10, 20, 20 } << 30;
-        QTest::newRow("allHidden") << "000" << 2 << QList { 0, 0, 0 } << 10;
-        QTest::newRow("none") << "" << 2 << QList<int>() << 0;
+        const auto row = [](const char *name, const char *flags, int gap, const char *query, QList<int> args,
+                            QList<int> expected) {
+            QTest::newRow(name) << QString::fromLatin1(flags) << gap << QString::fromLatin1(query) << args
+                                << expected;
+        };
+        row("tops: all shown", "111", 2, "tops", { 0, 4 }, { 0, 12, 24, 34, 0, 0 });
+        row("tops: hidden first", "011", 2, "tops", {}, { 0, 0, 12, 22 });
+        row("tops: hidden middle", "10101", 2, "tops", {}, { 0, 12, 12, 24, 24, 34 });
+        row("tops: hidden end, no gap", "1100", 0, "tops", {}, { 0, 10, 20, 20, 30 });
+        row("tops: all hidden", "000", 2, "tops", {}, { 0, 0, 0, 10 });
+        row("tops: none", "", 2, "tops", { 1 }, { 0, 0 });
+        row("at: shared edge, earlier wins", "111", 0, "at", { 10 }, { 1 });
+        row("at: below shared edge", "111", 0, "at", { 11 }, { 2 });
+        row("at: last bottom edge", "111", 0, "at", { 30 }, { 3 });
+        row("at: below last", "111", 0, "at", { 31 }, { 0 });
+        row("at: in gap", "111", 2, "at", { 11 }, { 0 });
+        row("at: above", "111", 2, "at", { -1 }, { 0 });
+        row("at: hidden before shown wins", "011", 2, "at", { 5 }, { 1 });
+        row("at: hidden run, first wins", "10011", 2, "at", { 12 }, { 2 });
+        row("at: hidden last", "10", 2, "at", { 22 }, { 2 });
+        row("at: all hidden", "000", 2, "at", { 10 }, { 1 });
+        row("at: none", "", 2, "at", { 0 }, { 0 });
+        row("range: all", "1111", 2, "range", { 0, 100 }, { 1, 4 });
+        row("range: starts inside second", "1111", 2, "range", { 21, 30 }, { 2, 3 });
+        row("range: ends at a top", "1111", 2, "range", { 0, 24 }, { 1, 2 });
+        row("range: only gap", "1111", 2, "range", { 10, 12 }, { 0, -1 });
+        row("range: hidden ends skipped", "01110", 2, "range", { 0, 100 }, { 2, 4 });
+        row("range: hidden inside skipped", "10011", 2, "range", { 0, 13 }, { 1, 4 });
+        row("range: all hidden", "000", 2, "range", { 0, 100 }, { 0, -1 });
+        row("range: above surface", "111", 2, "range", { -50, 0 }, { 0, -1 });
+        row("arrow: no items", "", 2, "arrow", { 0, 0 }, { 0 });
+        row("arrow: fits exactly", "111", 2, "arrow", { 0, 34 }, { 0 });
+        row("arrow: one pixel short", "111", 2, "arrow", { 0, 33 }, { 1 });
+        row("arrow: scrolled to end", "111", 2, "arrow", { -12, 22 }, { 0 });
+        row("arrow: positive top counts as scrolled", "111", 2, "arrow", { 12, 22 }, { 0 });
+        row("arrow: last hidden still counts", "110", 2, "arrow", { 0, 24 }, { 1 });
+        row("arrow: all hidden, short view", "000", 2, "arrow", { 0, 9 }, { 1 });
+        row("arrow: sum wraps to 16 bits", "111", 2, "arrow", { -32000, 1000 }, { 1 });
     }
-
-    void stacking()
+    void queries()
     {
         QFETCH(QString, flags);
         QFETCH(int, gap);
-        QFETCH(QList<int>, tops);
-        QFETCH(int, height);
-        Rows rows(flags, 10, gap);
-        QList<int> actual;
-        for (int p = 1; p <= rows.layout.count(); ++p) {
-            actual << rows.layout.top(p);
-            QCOMPARE(rows.layout.isVisible(p), flags.at(p - 1) == QLatin1Char('1'));
+        QFETCH(QString, query);
+        QFETCH(QList<int>, args);
+        QFETCH(QList<int>, expected);
+        const Rows rows(flags, gap);
+        const ItemLayout &l = rows.layout;
+        if (query == QLatin1String("tops")) {
+            QList<int> tops;
+            for (int p = 1; p <= l.count(); ++p)
+                tops << l.top(p);
+            tops << l.surfaceHeight();
+            for (const int p : args)
+                tops << l.top(p);
+            QCOMPARE(tops, expected);
+        } else if (query == QLatin1String("at")) {
+            QCOMPARE(l.positionAt(args[0]), expected[0]);
+        } else if (query == QLatin1String("range")) {
+            QCOMPARE(l.visibleRange(args[0], args[1]), std::make_pair(expected[0], expected[1]));
+        } else {
+            QCOMPARE(int(l.isDownArrowNeeded(args[0], args[1])), expected[0]);
         }
-        QCOMPARE(actual, tops);
-        QCOMPARE(rows.layout.surfaceHeight(), height);
-        QCOMPARE(rows.layout.top(0), 0);
-        QCOMPARE(rows.layout.top(rows.layout.count() + 1), 0);
-        QVERIFY(rows.layout.checkInvariants());
-    }
-
-    void positionAt_data()
-    {
-        QTest::addColumn<QString>("flags");
-        QTest::addColumn<int>("gap");
-        QTest::addColumn<int>("y");
-        QTest::addColumn<int>("expected");
-
-        QTest::newRow("sharedEdgeEarlierWins") << "111" << 0 << 10 << 1;
-        QTest::newRow("belowSharedEdge") << "111" << 0 << 11 << 2;
-        QTest::newRow("lastBottomEdge") << "111" << 0 << 30 << 3;
-        QTest::newRow("belowLast") << "111" << 0 << 31 << 0;
-        QTest::newRow("inGap") << "111" << 2 << 11 << 0;
-        QTest::newRow("afterGap") << "111" << 2 << 12 << 2;
-        QTest::newRow("above") << "111" << 2 << -1 << 0;
-        QTest::newRow("hiddenBeforeShownWins") << "011" << 2 << 5 << 1;
-        QTest::newRow("hiddenRunFirstWins") << "10011" << 2 << 12 << 2;
-        QTest::newRow("hiddenLast") << "10" << 2 << 22 << 2;
-        QTest::newRow("allHidden") << "000" << 2 << 10 << 1;
-        QTest::newRow("none") << "" << 2 << 0 << 0;
-    }
-
-    void positionAt()
-    {
-        QFETCH(QString, flags);
-        QFETCH(int, gap);
-        QFETCH(int, y);
-        QFETCH(int, expected);
-        Rows rows(flags, 10, gap);
-        QCOMPARE(rows.layout.positionAt(y), expected);
-    }
-
-    void visibleRange_data()
-    {
-        QTest::addColumn<QString>("flags");
-        QTest::addColumn<int>("y0");
-        QTest::addColumn<int>("y1");
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-
-        QTest::newRow("all") << "1111" << 0 << 100 << 1 << 4;
-        QTest::newRow("startsInsideSecond") << "1111" << 21 << 30 << 2 << 3;
-        QTest::newRow("endsAtATop") << "1111" << 0 << 24 << 1 << 2;
-        QTest::newRow("onlyGap") << "1111" << 10 << 12 << 0 << -1;
-        QTest::newRow("hiddenEndsSkipped") << "01110" << 0 << 100 << 2 << 4;
-        QTest::newRow("hiddenInsideSkipped") << "10011" << 0 << 13 << 1 << 4;
-        QTest::newRow("allHidden") << "000" << 0 << 100 << 0 << -1;
-        QTest::newRow("aboveSurface") << "111" << -50 << 0 << 0 << -1;
-    }
-
-    void visibleRange()
-    {
-        QFETCH(QString, flags);
-        QFETCH(int, y0);
-        QFETCH(int, y1);
-        QFETCH(int, first);
-        QFETCH(int, last);
-        Rows rows(flags);
-        QCOMPARE(rows.layout.visibleRange(y0, y1), std::make_pair(first, last));
-    }
-
-    void downArrow_data()
-    {
-        QTest::addColumn<QString>("flags");
-        QTest::addColumn<int>("surfaceTop");
-        QTest::addColumn<int>("viewHeight");
-        QTest::addColumn<bool>("expected");
-
-        QTest::newRow("noItems") << "" << 0 << 0 << false;
-        QTest::newRow("fitsExactly") << "111" << 0 << 34 << false;
-        QTest::newRow("onePixelShort") << "111" << 0 << 33 << true;
-        QTest::newRow("scrolledToEnd") << "111" << -12 << 22 << false;
-        QTest::newRow("positiveTopCountsAsScrolled") << "111" << 12 << 22 << false;
-        QTest::newRow("lastHiddenStillCounts") << "110" << 0 << 24 << true;
-        QTest::newRow("allHiddenShortView") << "000" << 0 << 9 << true;
-        QTest::newRow("sumWrapsTo16Bits") << "111" << -32000 << 1000 << true;
-    }
-
-    void downArrow()
-    {
-        QFETCH(QString, flags);
-        QFETCH(int, surfaceTop);
-        QFETCH(int, viewHeight);
-        QFETCH(bool, expected);
-        Rows rows(flags);
-        QCOMPARE(rows.layout.isDownArrowNeeded(surfaceTop, viewHeight), expected);
+        QVERIFY(l.checkInvariants());
     }
 
     void obscure_data()
@@ -192,34 +146,32 @@ private slots:
         QTest::newRow("pastTheEnd") << "11111" << "dddd" << QList { 3, 4, 5, 5, 5 };
         QTest::newRow("none") << "" << "d" << QList { 1, 1 };
     }
-
-    // A view 40 pixels high over rows 12 pixels apart, scrolled one item at a time
-    // as the view does: up moves the top slot before sliding, down after.
+    // A view 40 pixels high over rows 12 pixels apart, scrolled one item at a
+    // time as the view does: up moves the top slot before sliding, down after.
     void obscure()
     {
         QFETCH(QString, flags);
         QFETCH(QString, moves);
         QFETCH(QList<int>, lastSlots);
-        constexpr int viewHeight = 40;
         Rows rows(flags);
-        ItemLayout &layout = rows.layout;
-        layout.setSurfaceTop(-24);
-        layout.setTopSlot(3);
-        layout.setLastFullyVisibleSlot(7);
-        layout.resetScroll();
-        const auto obscure = [&] { layout.setObscure(qAbs(layout.surfaceTop()) + viewHeight); };
-        obscure();
-        QList<int> actual { layout.lastFullyVisibleSlot() };
+        ItemLayout &l = rows.layout;
+        l.setSurfaceTop(-24);
+        l.setTopSlot(3);
+        l.setLastFullyVisibleSlot(7);
+        l.resetScroll();
+        const auto obscure = [&] {
+            l.setObscure(qAbs(l.surfaceTop()) + 40);
+            return l.lastFullyVisibleSlot();
+        };
+        QList<int> actual { obscure() };
         for (const QChar move : moves) {
-            if (move == QLatin1Char('u')) {
-                layout.setTopSlot(layout.topSlot() - 1);
-                layout.setSurfaceTop(layout.surfaceTop() + layout.slideDistance());
-            } else {
-                layout.setSurfaceTop(layout.surfaceTop() - layout.slideDistance());
-                layout.setTopSlot(layout.topSlot() + 1);
-            }
-            obscure();
-            actual << layout.lastFullyVisibleSlot();
+            const bool up = move == QLatin1Char('u');
+            if (up)
+                l.setTopSlot(l.topSlot() - 1);
+            l.setSurfaceTop(l.surfaceTop() + (up ? 1 : -1) * l.slideDistance());
+            if (!up)
+                l.setTopSlot(l.topSlot() + 1);
+            actual << obscure();
         }
         QCOMPARE(actual, lastSlots);
     }
@@ -241,9 +193,9 @@ private slots:
         QTest::newRow("changeAfterHidden") << "01111" << "01101" << 4 << 5;
         QTest::newRow("shrinkThenRegrow") << "1100" << "1111" << 99 << 2;
     }
-
-    // The layout has read every item before the change; afterwards it must see
-    // the new flags from the changed position on.
+    // The layout has read every item before the change; afterwards it must
+    // see the new flags from the changed position on, and keep them through a
+    // new row height and gap.
     void changes()
     {
         QFETCH(QString, before);
@@ -252,7 +204,7 @@ private slots:
         QFETCH(int, through);
         Rows rows(before);
         rows.layout.surfaceHeight();
-        Rows expected(after);
+        const Rows expected(after);
         rows.shown = expected.shown;
         rows.layout.invalidateFrom(from);
         rows.layout.setCount(through);
@@ -264,36 +216,7 @@ private slots:
         QVERIFY(rows.layout.checkInvariants());
     }
 
-    void appending_data()
-    {
-        QTest::addColumn<int>("hiddenEvery"); // 0: none hidden
-        QTest::addColumn<int>("ownerOfLastTop");
-        QTest::newRow("noneHidden") << 0 << 1000;
-        QTest::newRow("everySeventh") << 7 << 1000;
-        QTest::newRow("allHidden") << 1 << 1;
-    }
-
-    // Items appended one at a time with the surface measured after each, as a
-    // view does while a header fills.
-    void appending()
-    {
-        QFETCH(int, hiddenEvery);
-        QFETCH(int, ownerOfLastTop);
-        constexpr int total = 1000;
-        Rows rows { QString() };
-        int shown = 0;
-        for (int p = 1; p <= total; ++p) {
-            const bool visible = hiddenEvery == 0 || p % hiddenEvery != 0;
-            rows.shown.push_back(visible);
-            rows.layout.setCount(p);
-            QCOMPARE(rows.layout.surfaceHeight(), shown * 12 + 10);
-            shown += visible;
-        }
-        QVERIFY(rows.layout.checkInvariants());
-        QCOMPARE(rows.layout.positionAt(rows.layout.top(total)), ownerOfLastTop);
-    }
-
-    void scrollState()
+    void scrollClamps()
     {
         Rows rows(QStringLiteral("111"));
         rows.layout.setTopSlot(0);
