@@ -32,7 +32,6 @@ struct Shown
         items.setItemView(&view);
         for (int i = 0; i < count; ++i)
             items.Add();
-        // From now on `events` gets every SetScrollArrows, ScrollUp and ScrollDown.
         QObject::connect(&view, &ItemContainer::SetScrollArrows, &view, [this](bool *up, bool *down) {
             events << QStringLiteral("arrows:%1%2").arg(*up).arg(*down);
         });
@@ -44,6 +43,8 @@ struct Shown
 
     ItemContainer view;
     Items items;
+    // Every SetScrollArrows ("arrows:" and the up and down flags), ScrollUp
+    // and ScrollDown raised once the items are in.
     QStringList events;
 };
 

@@ -63,12 +63,19 @@ struct Bar
         return QTest::qWaitForWindowActive(&form)
             && QTest::qWaitFor([this] { return !view->itemRect(3).isEmpty(); });
     }
-    // The setup of a row: "disable B", "design", "no focus" or nothing.
+    // The setup of a row: "disable B", "design", "no focus", "style N" (the
+    // look's style), "stay down N" (style N and StayDownWithClick) or nothing.
     void setUp(const QString &setup)
     {
         items->Item(2)->setEnabled(setup != QLatin1String("disable B"));
         view->setCanGetFocus(setup != QLatin1String("no focus"));
         view->setDesignMode(setup == QLatin1String("design"));
+        view->setStayDownWithClick(setup.startsWith(QLatin1String("stay down")));
+        if (setup.startsWith(QLatin1String("stay down")) || setup.startsWith(QLatin1String("style"))) {
+            ItemLook look = view->look();
+            look.style = qvStyle(setup.back().digitValue());
+            view->setLook(look);
+        }
     }
     bool focus(int current)
     {
@@ -134,12 +141,6 @@ private slots:
         Bar bar;
         QVERIFY(bar.ready());
         bar.setUp(setup);
-        if (setup.startsWith(QLatin1String("stay down")) || setup.startsWith(QLatin1String("style"))) {
-            ItemLook look = bar.view->look();
-            look.style = qvStyle(setup.back().digitValue());
-            bar.view->setLook(look);
-            bar.view->setStayDownWithClick(setup.startsWith(QLatin1String("stay down")));
-        }
         bar.view->setCurrentItem(1);
         const auto point = [&bar](int position) {
             return position == 0 ? QPoint(5, bar.view->height() - 2) : bar.on(qAbs(position), position < 0);

@@ -134,48 +134,6 @@ private slots:
         QVERIFY(l.checkInvariants());
     }
 
-    void obscure_data()
-    {
-        QTest::addColumn<QString>("flags");
-        QTest::addColumn<QString>("moves"); // 'd' one item down, 'u' one up
-        QTest::addColumn<QList<int>>("lastSlots"); // after the reset, then after each move
-
-        QTest::newRow("down") << "1111111111" << "ddd" << QList { 3, 4, 5, 6 };
-        QTest::newRow("downThenUp") << "1111111111" << "ddu" << QList { 3, 4, 5, 4 };
-        QTest::newRow("hiddenInView") << "1101111111" << "dd" << QList { 4, 5, 6 };
-        QTest::newRow("pastTheEnd") << "11111" << "dddd" << QList { 3, 4, 5, 5, 5 };
-        QTest::newRow("none") << "" << "d" << QList { 1, 1 };
-    }
-    // A view 40 pixels high over rows 12 pixels apart, scrolled one item at a
-    // time as the view does: up moves the top slot before sliding, down after.
-    void obscure()
-    {
-        QFETCH(QString, flags);
-        QFETCH(QString, moves);
-        QFETCH(QList<int>, lastSlots);
-        Rows rows(flags);
-        ItemLayout &l = rows.layout;
-        l.setSurfaceTop(-24);
-        l.setTopSlot(3);
-        l.setLastFullyVisibleSlot(7);
-        l.resetScroll();
-        const auto obscure = [&] {
-            l.setObscure(qAbs(l.surfaceTop()) + 40);
-            return l.lastFullyVisibleSlot();
-        };
-        QList<int> actual { obscure() };
-        for (const QChar move : moves) {
-            const bool up = move == QLatin1Char('u');
-            if (up)
-                l.setTopSlot(l.topSlot() - 1);
-            l.setSurfaceTop(l.surfaceTop() + (up ? 1 : -1) * l.slideDistance());
-            if (!up)
-                l.setTopSlot(l.topSlot() + 1);
-            actual << obscure();
-        }
-        QCOMPARE(actual, lastSlots);
-    }
-
     void changes_data()
     {
         QTest::addColumn<QString>("before");
