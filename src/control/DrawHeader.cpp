@@ -1,5 +1,6 @@
 #include "control/DrawHeader.h"
 
+#include "platform/EdgeLines.h"
 #include "platform/FitText.h"
 #include "platform/SystemColors.h"
 
@@ -19,31 +20,6 @@ constexpr int CaptionMargin = 6;
 // How far a pressed flat bar pushes its caption right and down.
 constexpr int FlatPressOffset = 1;
 
-// Draws the line from `from` towards `to` the way the desktop's line drawing
-// does: horizontal or vertical, the end point left out, so that the next
-// segment starting there paints it.
-void drawLine(QPainter &painter, QPoint from, QPoint to, const QColor &color)
-{
-    if (from.y() == to.y() && from.x() != to.x()) {
-        const int step = to.x() > from.x() ? 1 : -1;
-        const int last = to.x() - step;
-        painter.fillRect(
-            QRect(QPoint(qMin(from.x(), last), from.y()), QPoint(qMax(from.x(), last), from.y())), color);
-    } else if (from.x() == to.x() && from.y() != to.y()) {
-        const int step = to.y() > from.y() ? 1 : -1;
-        const int last = to.y() - step;
-        painter.fillRect(
-            QRect(QPoint(from.x(), qMin(from.y(), last)), QPoint(from.x(), qMax(from.y(), last))), color);
-    }
-}
-
-// Two joined segments: from `a` to `b` in one colour, then on to `c`.
-void drawCorner(QPainter &painter, QPoint a, QPoint b, QPoint c, const QColor &color)
-{
-    drawLine(painter, a, b, color);
-    drawLine(painter, b, c, color);
-}
-
 } // namespace
 
 void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, const QPalette &palette)
@@ -62,25 +38,19 @@ void DrawHeader(QPainter &painter, const QSize &size, const HeaderLook &look, co
 
     const int w = size.width();
     const int h = size.height();
-    painter.fillRect(QRect(QPoint(0, 0), size), color(c.back));
+    const QRect bar(QPoint(0, 0), size);
+    painter.fillRect(bar, color(c.back));
 
-    const QPoint bottomLeft(0, h - 1);
-    const QPoint topLeft(0, 0);
-    const QPoint topRight(w - 1, 0);
-    const QPoint bottomRight(w - 1, h - 1);
     switch (state) {
     case HeaderNormal:
-        drawCorner(painter, bottomLeft, topLeft, topRight, color(c.highlight));
-        drawCorner(painter, topRight, bottomRight, bottomLeft, color(c.shadow));
+        drawEdges(painter, bar, color(c.highlight), color(c.shadow));
         break;
     case HeaderHot:
-        drawCorner(painter, bottomLeft, topLeft, topRight, color(c.highlight));
-        drawCorner(painter, topRight, bottomRight, bottomLeft, color(c.dkShadow));
+        drawEdges(painter, bar, color(c.highlight), color(c.dkShadow));
         drawCorner(painter, QPoint(w - 2, 1), QPoint(w - 2, h - 2), QPoint(1, h - 2), color(c.shadow));
         break;
     case HeaderPressed:
-        drawCorner(painter, bottomLeft, topLeft, topRight, color(c.dkShadow));
-        drawCorner(painter, topRight, bottomRight, bottomLeft, color(c.highlight));
+        drawEdges(painter, bar, color(c.dkShadow), color(c.highlight));
         drawCorner(painter, QPoint(1, h - 2), QPoint(1, 1), QPoint(w - 2, 1), color(c.shadow));
         break;
     default:

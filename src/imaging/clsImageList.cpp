@@ -2,6 +2,7 @@
 
 #include "imaging/PictureOps_p.h"
 #include "platform/SystemColors.h"
+#include "platform/VariantNumbers.h"
 
 #include <QtCore/QHash>
 #include <QtGui/QBitmap>
@@ -24,25 +25,6 @@ constexpr OLE_COLOR HighlightColor = systemColor(13);
 // The tones of the disabled look.
 constexpr OLE_COLOR DisabledHighlight = SystemColors::ButtonHighlight;
 constexpr OLE_COLOR DisabledShadow = SystemColors::ButtonShadow;
-
-bool isNumber(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
 
 // A key or index read as a number, "3" included; -1 for anything else.
 int numberIn(const QVariant &value)
@@ -232,7 +214,8 @@ int clsImageList::ItemIndex(const QVariant &keyOrIndex) const
         const QString key = keyOrIndex.toString();
         return key.isEmpty() ? -1 : d->keys.value(key, -1);
     }
-    if (!isNumber(keyOrIndex))
+    // A one-byte character type is a character here, not an index.
+    if (!isNumericVariant(keyOrIndex) || isCharVariant(keyOrIndex))
         return -1;
     const int index = keyOrIndex.toInt();
     return d->valid(index) ? index : -1;

@@ -4,8 +4,10 @@
 #include "imaging/clsDrawPictures.h"
 #include "imaging/clsImageList.h"
 #include "itemview/ItemLayout.h"
+#include "platform/EdgeLines.h"
 #include "platform/FitText.h"
 #include "platform/SystemColors.h"
+#include "platform/VariantNumbers.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
@@ -81,25 +83,6 @@ QSize iconSize(const ItemLook &look, qvViewType view)
     return { side, side };
 }
 
-bool isNumber(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // An item names its icon by key (a text) or by 1-based position (a number,
 // its fraction dropped); the list counts from 0. -1 when the list has no
 // such image or the value is neither.
@@ -107,38 +90,13 @@ int iconIndex(const clsImageList &images, const QVariant &icon)
 {
     if (icon.typeId() == QMetaType::QString)
         return images.ItemIndex(icon);
-    if (!isNumber(icon))
+    // A one-byte character type is a character here, not a position.
+    if (!isNumericVariant(icon) || isCharVariant(icon))
         return -1;
     const double position = icon.toDouble();
     if (!(position >= 1 && position < images.Count() + 1))
         return -1;
     return int(position) - 1;
-}
-
-// Draws the line from `from` towards `to` the way the desktop's line drawing
-// does: horizontal or vertical, the end point left out, so that the next
-// segment starting there paints it.
-void drawLine(QPainter &painter, QPoint from, QPoint to, const QColor &color)
-{
-    if (from.y() == to.y() && from.x() != to.x()) {
-        const int last = to.x() + (to.x() > from.x() ? -1 : 1);
-        painter.fillRect(
-            QRect(QPoint(qMin(from.x(), last), from.y()), QPoint(qMax(from.x(), last), from.y())), color);
-    } else if (from.x() == to.x() && from.y() != to.y()) {
-        const int last = to.y() + (to.y() > from.y() ? -1 : 1);
-        painter.fillRect(
-            QRect(QPoint(from.x(), qMin(from.y(), last)), QPoint(from.x(), qMax(from.y(), last))), color);
-    }
-}
-
-// The four edges of `r`: up the left and along the top in one colour, then
-// down the right and back along the bottom in the other.
-void drawEdges(QPainter &painter, const QRect &r, const QColor &topLeft, const QColor &bottomRight)
-{
-    drawLine(painter, r.bottomLeft(), r.topLeft(), topLeft);
-    drawLine(painter, r.topLeft(), r.topRight(), topLeft);
-    drawLine(painter, r.topRight(), r.bottomRight(), bottomRight);
-    drawLine(painter, r.bottomRight(), r.bottomLeft(), bottomRight);
 }
 
 // Every other pixel of the outline of `r`, starting at its top-left corner:

@@ -1,5 +1,7 @@
 #include "model/KeyedList_p.h"
 
+#include "platform/VariantNumbers.h"
+
 #include <QtCore/QChar>
 
 #include <algorithm>
@@ -36,28 +38,13 @@ quint32 foldedKeyHash(QStringView key)
 
 Lookup readLookup(const QVariant &value)
 {
-    switch (value.typeId()) {
-    case QMetaType::UnknownType:
+    if (!value.isValid())
         return { true, 0, {} };
-    case QMetaType::Bool:
+    if (value.typeId() == QMetaType::Bool)
         return { true, value.toBool() ? -1.0 : 0.0, {} };
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-    case QMetaType::Float:
-    case QMetaType::Double:
+    if (isNumericVariant(value))
         return { true, value.toDouble(), {} };
-    default:
-        return { false, 0, value.toString() };
-    }
+    return { false, 0, value.toString() };
 }
 
 std::optional<int> toPosition(double number)

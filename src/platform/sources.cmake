@@ -1,5 +1,7 @@
 target_sources(OrrinQuiver
     PRIVATE
+        platform/EdgeLines.cpp
+        platform/EdgeLines.h
         platform/FitText.cpp
         platform/FitText.h
         platform/MouseCodes.cpp
@@ -7,6 +9,8 @@ target_sources(OrrinQuiver
         platform/SlideMover.cpp
         platform/SlideMover.h
         platform/SystemColors.cpp
+        platform/VariantNumbers.cpp
+        platform/VariantNumbers.h
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
         platform/SoundOutput.h
         platform/SystemColors.h)

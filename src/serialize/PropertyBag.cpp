@@ -1,5 +1,7 @@
 #include "serialize/PropertyBag.h"
 
+#include "platform/VariantNumbers.h"
+
 #include <QtGui/QFont>
 
 #include <cmath>
@@ -20,36 +22,11 @@ constexpr qint64 IntegerMax = std::numeric_limits<qint16>::max();
 constexpr qint64 LongMin = std::numeric_limits<qint32>::min();
 constexpr qint64 LongMax = std::numeric_limits<quint32>::max();
 
-bool isIntegral(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool isFloating(const QVariant &value)
-{
-    return value.typeId() == QMetaType::Double || value.typeId() == QMetaType::Float;
-}
-
 // A whole number from a number or a decimal text; nothing for anything else,
 // fractions included.
 std::optional<qint64> wholeNumber(const QVariant &raw)
 {
-    if (isIntegral(raw)) {
+    if (isIntegralVariant(raw)) {
         if (raw.typeId() == QMetaType::ULongLong || raw.typeId() == QMetaType::ULong) {
             const quint64 u = raw.toULongLong();
             if (u > quint64(std::numeric_limits<qint64>::max()))
@@ -58,7 +35,7 @@ std::optional<qint64> wholeNumber(const QVariant &raw)
         }
         return raw.toLongLong();
     }
-    if (isFloating(raw)) {
+    if (isFloatingVariant(raw)) {
         const double d = raw.toDouble();
         if (!std::isfinite(d) || d != std::trunc(d) || std::fabs(d) > double(LongMax))
             return std::nullopt;
@@ -84,7 +61,7 @@ std::optional<bool> toBoolean(const QVariant &raw)
         if (text.compare(u"false", Qt::CaseInsensitive) == 0)
             return false;
     }
-    if (isFloating(raw)) {
+    if (isFloatingVariant(raw)) {
         const double d = raw.toDouble();
         if (std::isnan(d))
             return std::nullopt;
@@ -101,7 +78,7 @@ std::optional<QString> toText(const QVariant &raw)
         return raw.toString();
     if (raw.typeId() == QMetaType::Bool)
         return raw.toBool() ? QStringLiteral("True") : QStringLiteral("False");
-    if (isIntegral(raw) || isFloating(raw))
+    if (isIntegralVariant(raw) || isFloatingVariant(raw))
         return raw.toString();
     return std::nullopt;
 }
@@ -164,7 +141,7 @@ QVariant plain(const QVariant &value)
         return value;
     if (value.typeId() == QMetaType::QFont)
         return value.value<QFont>().toString();
-    if (isIntegral(value))
+    if (isIntegralVariant(value))
         return qint32(quint32(value.toULongLong()));
     return value.toString();
 }
