@@ -5,7 +5,7 @@
 #include "imaging/clsImageList.h"
 #include "itemview/ItemLayout.h"
 #include "platform/EdgeLines.h"
-#include "platform/FitText.h"
+#include "platform/PreparedText.h"
 #include "platform/SystemColors.h"
 #include "platform/VariantNumbers.h"
 
@@ -142,12 +142,12 @@ void drawIcon(QPainter &painter, QPoint at, const ItemLook &look, qvViewType vie
 struct Placement
 {
     QRect iconCell;
-    FittedText caption;
+    PreparedText caption;
     QPoint captionAt; // top-left of the caption line
 };
 
-Placement place(const QRect &rect, const IconGeometry &geometry, QSize icon, const QFontMetrics &metrics,
-                const QString &caption)
+Placement place(const QRect &rect, const IconGeometry &geometry, QSize icon, const QFont &font,
+                const QFontMetrics &metrics, const QString &caption)
 {
     const QSize cell = icon + QSize(2 * IconPad, 2 * IconPad);
     Placement p;
@@ -157,7 +157,7 @@ Placement place(const QRect &rect, const IconGeometry &geometry, QSize icon, con
         p.iconCell = QRect(
             QPoint(rect.left() + geometry.iconLeft + (cellWidth - cell.width()) / 2, rect.top() + StackedTop),
             cell);
-        p.caption = FitTextWithEllipsis(metrics, caption, rect.width() - 2 * CaptionMargin);
+        p.caption = prepareFittedText(font, caption, rect.width() - 2 * CaptionMargin);
         p.captionAt = QPoint(rect.left() + (rect.width() - p.caption.width) / 2,
                              p.iconCell.bottom() + 1 + CaptionGap);
         return p;
@@ -168,7 +168,7 @@ Placement place(const QRect &rect, const IconGeometry &geometry, QSize icon, con
     if (geometry.layoutMode == OutlookSmallMode)
         captionLeft = qMax(captionLeft, rect.left() + geometry.iconLeft + geometry.iconCellWidth);
     captionLeft += CaptionIndent;
-    p.caption = FitTextWithEllipsis(metrics, caption, rect.right() + 1 - CaptionMargin - captionLeft);
+    p.caption = prepareFittedText(font, caption, rect.right() + 1 - CaptionMargin - captionLeft);
     p.captionAt = QPoint(captionLeft, rect.top() + (rect.height() - metrics.height()) / 2);
     return p;
 }
@@ -208,7 +208,7 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     font.setUnderline(state == ItemHot && look.underlineOnMove);
     painter.setFont(font);
     const QFontMetrics metrics = painter.fontMetrics();
-    const Placement at = place(rect, geometry, iconSize(look, view), metrics, item.caption);
+    const Placement at = place(rect, geometry, iconSize(look, view), font, metrics, item.caption);
 
     // What lights up: the icon cell of Outlook's large icons, else the row.
     const QRect lit = group == StyleGroup::Outlook && isStacked(geometry.layoutMode) ? at.iconCell : rect;
@@ -235,19 +235,18 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     drawIcon(painter, at.iconCell.topLeft() + QPoint(IconPad, IconPad) + shift, look, view, item, palette);
 
     const QRect textRect(at.captionAt + shift, QSize(at.caption.width, metrics.height()));
-    const QPoint baseline = textRect.topLeft() + QPoint(0, metrics.ascent());
     QColor text;
     if (!item.enabled) {
         // Etched, as the desktop draws disabled text: a light copy below
         // right, the shadow copy on top.
         painter.setPen(color(c.highlight));
-        painter.drawText(baseline + QPoint(EtchOffset, EtchOffset), at.caption.text);
+        painter.drawStaticText(textRect.topLeft() + QPoint(EtchOffset, EtchOffset), at.caption.text);
         text = color(c.shadow);
     } else {
         text = color(state == ItemPressed ? c.downFore : state == ItemHot ? c.overFore : item.foreColor);
     }
     painter.setPen(text);
-    painter.drawText(baseline, at.caption.text);
+    painter.drawStaticText(textRect.topLeft(), at.caption.text);
     if (item.hasFocus)
         drawFocusOutline(painter, textRect.adjusted(-FocusMargin, -FocusMargin, FocusMargin, FocusMargin),
                          text);

@@ -4,6 +4,8 @@ target_sources(OrrinQuiver
         platform/EdgeLines.h
         platform/FitText.cpp
         platform/FitText.h
+        platform/PreparedText.cpp
+        platform/PreparedText.h
         platform/MouseCodes.cpp
         platform/MouseCodes.h
         platform/SlideMover.cpp
