@@ -126,8 +126,6 @@ void tst_StylePreset::presets_data()
     QTest::newRow("WindowsXP") << QList<int> {} << 3;
     QTest::newRow("VisualStudio") << QList<int> {} << 4;
     QTest::newRow("VisualStudio after WindowsXP") << QList<int> { 3 } << 4;
-    QTest::newRow("VisualStudio after Windows2000") << QList<int> { 1 } << 4;
-    QTest::newRow("Windows2000 after WindowsXP") << QList<int> { 3 } << 1;
 }
 
 void tst_StylePreset::presets()
