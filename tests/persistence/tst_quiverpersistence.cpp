@@ -197,20 +197,19 @@ void tst_QuiverPersistence::readOrder()
         "ItemMouseIcon ItemMousePointer PlaySounds OLEDropMode OLEDragMode ScrollDelay SmoothScroll "
         "ShowToolTips SoundItemURL SoundHeaderUpURL SoundHeaderDownURL UseSystemSounds AutoMouseWheel "
         "AlwaysShowFirstHeader ItemsMoveWithClick ItemsStayDownWithClick ItemsUnderlineOnMove");
+    // Numbers count up; flags are the opposite of a fresh control's.
+    const Quiver fresh;
     QVariantMap values;
-    for (int n = 0; n < order.size(); ++n)
-        values.insert(order.at(n), n + 1);
+    for (int n = 0; n < order.size(); ++n) {
+        const QVariant current = fresh.property(order.at(n).toLatin1().constData());
+        const bool url = order.at(n).startsWith(u"Sound");
+        values.insert(order.at(n), current.typeId() == QMetaType::Bool ? QVariant(!current.toBool())
+                                   : url ? QVariant(u"file:///nonexistent/"_s + order.at(n))
+                                         : QVariant(n + 1));
+    }
     values.insert(u"Font"_s, QFont(u"DejaVu Serif"_s, 17).toString());
     values.insert(u"HeaderMouseIcon"_s, u"cursor:2"_s);
     values.insert(u"ItemMouseIcon"_s, u"cursor:3"_s);
-    for (const QString &flag :
-         names(u"PlaySounds SmoothScroll ShowToolTips UseSystemSounds AlwaysShowFirstHeader"))
-        values.insert(flag, false);
-    for (const QString &flag :
-         names(u"AutoMouseWheel ItemsMoveWithClick ItemsStayDownWithClick ItemsUnderlineOnMove"))
-        values.insert(flag, true);
-    for (const QString &url : names(u"SoundItemURL SoundHeaderUpURL SoundHeaderDownURL"))
-        values.insert(url, u"file:///nonexistent/"_s + url);
     Quiver control;
     QSignalSpy changes(&control, &Quiver::PropertyChanged);
     control.ReadProperties(MemoryPropertyBag(values));
