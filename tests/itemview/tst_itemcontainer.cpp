@@ -155,11 +155,9 @@ private slots:
 
         QTest::newRow("left of the bar") << -1 << 0 << 5 << 0 << 0;
         QTest::newRow("above the view") << 10 << 0 << -1 << 0 << 0;
-        QTest::newRow("shared edge: the earlier wins") << 10 << 1 << 0 << 0 << 1;
         QTest::newRow("in the gap") << 10 << 1 << 1 << 0 << 0;
         QTest::newRow("second item") << 10 << 1 << 2 << 0 << 2;
         QTest::newRow("scrolled: tops stay unscrolled") << 10 << 0 << 3 << 2 << 1;
-        QTest::newRow("below the last") << 10 << 3 << 10 << 0 << 0;
     }
     // Outlook items, a row and then a gap of two, at `rows` rows and `offset`
     // pixels below the view's top.
