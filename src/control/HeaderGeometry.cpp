@@ -1,5 +1,7 @@
 #include "control/HeaderGeometry.h"
 
+#include "model/StyleFamily_p.h"
+
 #include <cmath>
 
 namespace OrrinQuiver::HeaderGeometry {
@@ -46,23 +48,6 @@ constexpr int TemplateBarTop = 0;
 constexpr int FastItemCount = 11;
 constexpr int FastDistanceInHeaders = 5;
 
-enum class Family { Outlook, Windows, Flat };
-
-Family familyOf(qvStyle style)
-{
-    switch (style) {
-    case qvStyleWindows2000:
-    case qvStyleWindowsXP:
-        return Family::Windows;
-    case qvStyleVisualStudio:
-        return Family::Flat;
-    case qvStyleOutlook:
-    case qvStyleOutlookXP:
-        break;
-    }
-    return Family::Outlook;
-}
-
 int roundHalfToEven(qreal value)
 {
     const qreal lower = std::floor(value);
@@ -78,7 +63,7 @@ int headerHeight(qvStyle style, int measuredTextHeight, int previous)
 {
     if (measuredTextHeight <= 0)
         return previous;
-    if (familyOf(style) == Family::Flat)
+    if (styleFamilyOf(style) == StyleFamily::Flat)
         return FlatTextAbove + measuredTextHeight + FlatTextBelow;
     return FramedTextAbove + measuredTextHeight + FramedTextBelow;
 }
@@ -86,13 +71,13 @@ int headerHeight(qvStyle style, int measuredTextHeight, int previous)
 int contentHeight(qvStyle style, qreal height, int headerHeight, int count, int selected,
                   bool alwaysShowFirstHeader)
 {
-    const Family family = familyOf(style);
+    const StyleFamily family = styleFamilyOf(style);
     qreal content = 0;
     if (!alwaysShowFirstHeader && count == 1)
-        content = height - (family == Family::Flat ? headerHeight : OutlookFrame);
-    else if (family == Family::Windows)
+        content = height - (family == StyleFamily::Flat ? headerHeight : OutlookFrame);
+    else if (family == StyleFamily::Windows)
         content = height - WindowsFrame - qreal(headerHeight) * count;
-    else if (family == Family::Outlook)
+    else if (family == StyleFamily::Outlook)
         content = height - OutlookFrame - qreal(headerHeight) * count;
     else if (selected < count)
         content = height - qreal(headerHeight + FlatBarGap) * count;
@@ -105,13 +90,13 @@ int contentHeight(qvStyle style, qreal height, int headerHeight, int count, int 
 
 QRect itemViewRect(qvStyle style, int width, int barTop, int headerHeight, int content)
 {
-    switch (familyOf(style)) {
-    case Family::Windows:
+    switch (styleFamilyOf(style)) {
+    case StyleFamily::Windows:
         return QRect(WindowsViewLeft, barTop + headerHeight + WindowsViewGap, width - WindowsViewNarrowing,
                      content - WindowsViewShortening);
-    case Family::Flat:
+    case StyleFamily::Flat:
         return QRect(0, barTop + headerHeight + FlatViewGap, width, content);
-    case Family::Outlook:
+    case StyleFamily::Outlook:
         break;
     }
     return QRect(OutlookViewLeft, barTop + headerHeight + OutlookViewGap, width - OutlookViewNarrowing,
@@ -120,7 +105,7 @@ QRect itemViewRect(qvStyle style, int width, int barTop, int headerHeight, int c
 
 StripLayout layoutStrip(const StripInput &input)
 {
-    const bool flat = familyOf(input.style) == Family::Flat;
+    const bool flat = styleFamilyOf(input.style) == StyleFamily::Flat;
     const int hh = input.headerHeight;
     const int gap = flat ? FlatBarGap : 0;
     const int left = flat ? 0 : FramedBarInset;

@@ -4,6 +4,7 @@
 #include "imaging/clsDrawPictures.h"
 #include "imaging/clsImageList.h"
 #include "itemview/ItemLayout.h"
+#include "model/StyleFamily_p.h"
 #include "platform/EdgeLines.h"
 #include "platform/PreparedText.h"
 #include "platform/SystemColors.h"
@@ -50,22 +51,6 @@ constexpr int EtchOffset = 1;
 constexpr int OutlookSmallMode = 1;
 constexpr int FlatMode = 0;
 constexpr int OutlookLargeMode = 2;
-
-// Painting follows the styles in three families, as the header bars do.
-enum class StyleGroup { Outlook, Windows, Flat };
-
-StyleGroup groupOf(qvStyle style)
-{
-    switch (style) {
-    case qvStyleWindows2000:
-    case qvStyleWindowsXP:
-        return StyleGroup::Windows;
-    case qvStyleVisualStudio:
-        return StyleGroup::Flat;
-    default:
-        return StyleGroup::Outlook;
-    }
-}
 
 bool isStacked(int layoutMode) { return layoutMode != OutlookSmallMode && layoutMode != FlatMode; }
 
@@ -197,7 +182,8 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     if (!painter.isActive() || rect.isEmpty())
         return;
     const int state = item.state == ItemHot || item.state == ItemPressed ? item.state : ItemNormal;
-    const StyleGroup group = groupOf(look.style);
+    // Painting follows the three style families, as the header bars do.
+    const StyleFamily family = styleFamilyOf(look.style);
     const ItemColors &c = look.colors;
     const auto color = [&palette](OLE_COLOR ole) { return translateColor(ole, palette); };
 
@@ -211,7 +197,7 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
     const Placement at = place(rect, geometry, iconSize(look, view), font, metrics, item.caption);
 
     // What lights up: the icon cell of Outlook's large icons, else the row.
-    const QRect lit = group == StyleGroup::Outlook && isStacked(geometry.layoutMode) ? at.iconCell : rect;
+    const QRect lit = family == StyleFamily::Outlook && isStacked(geometry.layoutMode) ? at.iconCell : rect;
     if (item.staysDown)
         clsDrawPictures(palette).PaintCheckPattern(painter, lit, clsDrawPictures::DitherPattern(), c.check,
                                                    &palette);
@@ -221,7 +207,7 @@ void DrawItem(QPainter &painter, const QRect &rect, const ItemLook &look, qvView
         painter.fillRect(lit, color(c.overBack));
 
     const bool sunken = item.staysDown || state == ItemPressed;
-    if (group == StyleGroup::Flat) {
+    if (family == StyleFamily::Flat) {
         if (sunken || state == ItemHot)
             drawEdges(painter, lit, color(c.dkShadow), color(c.dkShadow));
     } else if (sunken) {

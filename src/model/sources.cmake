@@ -13,6 +13,7 @@ target_sources(OrrinQuiver
         model/ModelChecker.cpp
         model/Navigation.cpp
         model/QuiverError.cpp
+        model/StyleFamily_p.h
     PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
         model/ControlLink.h
         model/Header.h
