@@ -468,6 +468,7 @@ Quiver::Quiver(QWidget *parent)
 
 Quiver::~Quiver()
 {
+    QObject::disconnect(d->focusTracking);
     // The headers give hosted windows back through the item views, which
     // must still exist then.
     delete d->headers;

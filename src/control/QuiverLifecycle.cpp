@@ -32,7 +32,7 @@ constexpr int MinimumWidth = 52;
 
 void QuiverPrivate::trackFocus()
 {
-    QObject::connect(qApp, &QApplication::focusChanged, q, [this](QWidget *, QWidget *now) {
+    focusTracking = QObject::connect(qApp, &QApplication::focusChanged, q, [this](QWidget *, QWidget *now) {
         const bool inside = now && (now == q || q->isAncestorOf(now));
         if (inside == hasFocus)
             return;

@@ -143,6 +143,9 @@ public:
     // is on the control or inside it, and with the tab-stop flag set the focus
     // that the control itself receives goes on to the open item view.
     void trackFocus();
+    // The connection trackFocus made; the control ends it before its private
+    // state goes, since deleting children moves the focus one last time.
+    QMetaObject::Connection focusTracking;
     // Stores what a download started under a property's name brought: the
     // three sound locations fill their sounds; other names are not sounds.
     void asyncReadComplete(const QString &propertyName, const QByteArray &data);
