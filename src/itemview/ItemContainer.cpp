@@ -112,6 +112,15 @@ void ItemContainerPrivate::repaintPosition(int position)
         q->update(viewRectOf(position));
 }
 
+void ItemContainerPrivate::forgetMovedPositions()
+{
+    hotPosition = 0;
+    pressedPosition = 0;
+    heldPosition = 0;
+    grabPosition.reset();
+    focusPosition = std::min(focusPosition, count());
+}
+
 void ItemContainerPrivate::scheduleSizing()
 {
     if (sizingQueued)
@@ -522,6 +531,8 @@ void ItemContainer::showItems(Items *items)
 int ItemContainer::addItemWindow(int position, const QString &)
 {
     d->live.push_back(true);
+    if (position < d->count())
+        d->forgetMovedPositions();
     d->rereadFrom(position);
     d->addAwaitingRelayout = true;
     return int(d->live.size());
@@ -533,6 +544,7 @@ void ItemContainer::removeItemWindow(int viewId)
         return;
     d->live[viewId - 1] = false;
     d->hosted.remove(viewId);
+    d->forgetMovedPositions();
     // The collection has already let the item go, so its position is unknown.
     d->rereadFrom(1);
     update();

@@ -44,6 +44,10 @@ public:
     QRect viewRectOf(int position) const;
     // Repaints the item at `position` (only its rectangle).
     void repaintPosition(int position);
+    // Items moved under the mouse and keyboard state: nothing stays hot or
+    // pressed (the next mouse move finds what is under it again), and the
+    // focus stays at its position as far as the items reach.
+    void forgetMovedPositions();
 
     // The number of items of the shown collection; 0 without one.
     int count() const;

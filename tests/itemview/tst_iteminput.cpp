@@ -245,6 +245,22 @@ private slots:
         QVERIFY(bar.view->firstVisiblePosition() > 1);
     }
 
+    // Items that move under the mouse or keyboard state take none of it with
+    // them: a release after a removal clicks nothing, and the focus stays
+    // within the items that are left.
+    void itemsMoveUnderTheState()
+    {
+        Bar bar;
+        QVERIFY(bar.ready());
+        QVERIFY(bar.focus(3));
+        const QPoint second = bar.on(2);
+        QTest::mousePress(bar.view, Qt::LeftButton, {}, second);
+        bar.items->Remove(1);
+        QCOMPARE(bar.view->focusPosition(), 2);
+        QTest::mouseRelease(bar.view, Qt::LeftButton, {}, second);
+        QVERIFY2(!bar.log.join(u' ').contains(QStringLiteral("ItemClick")), qPrintable(bar.log.join(u' ')));
+    }
+
     void tabLeavesTheControl_data()
     {
         QTest::addColumn<bool>("forward");
