@@ -27,15 +27,13 @@ public:
 
     Command command() const { return m_command; }
     // The script to run (Script) or the document to render (Render).
-    QString scriptFile() const { return m_file; }
-    QString documentFile() const { return m_file; }
+    QString file() const { return m_file; }
     // The control's size for a script or a rendering, 200 x 480 unless
     // --size gives one.
     QSize controlSize() const { return m_controlSize; }
     // Where the demo writes its screens, or the PNG file a rendering goes
     // to; empty when --out is not given.
-    QString outputDirectory() const { return m_out; }
-    QString outputFile() const { return m_out; }
+    QString output() const { return m_out; }
 
 private:
     bool fail(const QString &text);

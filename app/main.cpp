@@ -56,11 +56,11 @@ int main(int argc, char **argv)
     }
     switch (commandLine.command()) {
     case CommandLine::Command::Demo:
-        return runDemo(commandLine.outputDirectory());
+        return runDemo(commandLine.output());
     case CommandLine::Command::Script:
-        return ScriptHost(commandLine.controlSize()).run(commandLine.scriptFile());
+        return ScriptHost(commandLine.controlSize()).run(commandLine.file());
     case CommandLine::Command::Render:
-        return renderDocument(commandLine.documentFile(), commandLine.controlSize(), commandLine.outputFile());
+        return renderDocument(commandLine.file(), commandLine.controlSize(), commandLine.output());
     }
     return 2;
 }
