@@ -2,7 +2,7 @@
 
 #include "ControlWindow.h"
 #include "control/Quiver.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 #include "platform/SystemColors.h"
 
 #include <QtCore/QDir>

@@ -2,7 +2,7 @@
 
 #include "ControlWindow.h"
 #include "control/Quiver.h"
-#include "model/QuiverEnums.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

@@ -9,7 +9,7 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/ModelChecker.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 using namespace OrrinQuiver;
 using namespace OrrinQuiver::FuzzSupport;

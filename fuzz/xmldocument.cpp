@@ -7,7 +7,7 @@
 #include "control/Quiver.h"
 #include "model/Headers.h"
 #include "model/ModelChecker.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 using namespace OrrinQuiver;
 using namespace OrrinQuiver::FuzzSupport;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "control/BarRecord.h"
-#include "model/OleColor.h"
+#include "core/OleColor.h"
 
 #include <QtCore/QPointF>
 #include <QtWidgets/QWidget>

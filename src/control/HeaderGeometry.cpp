@@ -1,6 +1,6 @@
 #include "control/HeaderGeometry.h"
 
-#include "model/StyleFamily_p.h"
+#include "itemview/StyleFamily.h"
 
 #include <cmath>
 

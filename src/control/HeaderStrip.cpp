@@ -6,7 +6,7 @@
 #include "control/Quiver_p.h"
 #include "platform/SlideMover.h"
 #include "itemview/ItemContainer.h"
-#include "itemview/MousePointer.h"
+#include "platform/MousePointer.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Items.h"

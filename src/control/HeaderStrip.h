@@ -1,7 +1,7 @@
 #pragma once
 
 #include "control/HeaderBar.h"
-#include "model/OleColor.h"
+#include "core/OleColor.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>

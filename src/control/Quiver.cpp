@@ -3,7 +3,7 @@
 #include "control/HeaderStrip.h"
 #include "control/Quiver_p.h"
 #include "control/modQuiver.h"
-#include "design/StylePreset.h"
+#include "control/StylePreset.h"
 #include "imaging/ImageList.h"
 #include "itemview/ItemContainer.h"
 #include "itemview/ItemLook.h"
@@ -12,8 +12,9 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
-#include "platform/ScriptErrors.h"
+#include "core/ScriptErrors.h"
 #include "platform/SoundOutput.h"
+#include "serialize/XmlDocumentFormat.h"
 #include "serialize/XmlReader.h"
 #include "serialize/XmlWriter.h"
 
@@ -114,6 +115,7 @@ QTimer *makeTimer(QObject *parent, const char *name, int interval)
 QuiverPrivate::QuiverPrivate(Quiver *control)
     : q(control)
     , strip(std::make_unique<HeaderStrip>(this))
+    , documents(std::make_unique<XmlDocumentFormat>(*control))
 { }
 
 QuiverPrivate::~QuiverPrivate() = default;
@@ -429,17 +431,7 @@ void QuiverPrivate::startHeaderLabelEdit(const QString &) { }
 // URL icons are not fetched yet; the address stays stored in the item.
 void QuiverPrivate::loadUrlIcon(const QString &, bool) { }
 
-QString QuiverPrivate::headerXml(const Header *header) const
-{
-    return XmlWriter::headerFragment(*q, *header);
-}
-
-void QuiverPrivate::setHeaderXml(Header *header, const QString &xml)
-{
-    XmlReader::readHeaderFragment(*header, xml);
-}
-
-QString QuiverPrivate::historyXml() const { return XmlWriter::historyDocument(*navigation); }
+const DocumentFormat *QuiverPrivate::documentFormat() const { return documents.get(); }
 
 // --- Quiver ------------------------------------------------------------------
 

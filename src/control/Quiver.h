@@ -1,7 +1,8 @@
 #pragma once
 
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "core/OleColor.h"
+#include "core/OrrinQuiverExport.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QVariant>
 #include <QtGui/QFont>
@@ -30,7 +31,7 @@ class QuiverPrivate;
 // throw and never fail: numbers are clamped, other values are stored as given,
 // and each setter ends with PropertyChanged(name) where the property's rules
 // ask for it (docs/api-mapping.md lists them).
-class Quiver : public QWidget
+class ORRINQUIVER_EXPORT Quiver : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(OrrinQuiver::Headers *Headers READ Headers CONSTANT)
@@ -267,7 +268,7 @@ public:
     // The library's version, "major.minor.revision".
     Q_INVOKABLE QString Version() const;
     // Sets Style, then resets the behaviour flags, colours and mouse pointers
-    // to that style's preset (design/StylePreset.h); a value outside qvStyle
+    // to that style's preset (control/StylePreset.h); a value outside qvStyle
     // changes nothing.
     Q_INVOKABLE void ApplyStylePreset(OrrinQuiver::qvStyle Style);
 

@@ -4,7 +4,7 @@
 
 #include "control/Quiver_p.h"
 #include "itemview/ItemContainer.h"
-#include "itemview/MousePointer.h"
+#include "platform/MousePointer.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Item.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "control/Quiver.h"
-#include "itemview/MousePointer.h"
+#include "platform/MousePointer.h"
 #include "model/ControlLink.h"
 
 #include <QtCore/QByteArray>
@@ -20,6 +20,7 @@ class HeaderStrip;
 class ItemContainer;
 struct ItemLook;
 class SoundOutput;
+class XmlDocumentFormat;
 
 // Runs `work` under the control's error convention: whatever goes wrong ends
 // the operation quietly, the work done so far stays done, and the caller gets
@@ -78,9 +79,7 @@ public:
     void startHeaderDrag(int barId) override;
     void startHeaderLabelEdit(const QString &headerKey) override;
     void loadUrlIcon(const QString &url, bool large) override;
-    QString headerXml(const Header *header) const override;
-    void setHeaderXml(Header *header, const QString &xml) override;
-    QString historyXml() const override;
+    const DocumentFormat *documentFormat() const override;
 
     void notify(const QString &name);
     // Stores `value` in `field` when they differ; true when it did.
@@ -227,6 +226,9 @@ public:
     std::unique_ptr<HeaderStrip> strip;
     // Where click sounds go; none plays nothing.
     std::unique_ptr<SoundOutput> soundOutput;
+
+    // The header and history documents the model's XML members write and read.
+    std::unique_ptr<XmlDocumentFormat> documents;
 
     // Declared last so that it goes first: a fetch it aborts still finds the
     // sounds in place.

@@ -10,6 +10,10 @@
 
 #include <memory>
 
+// The library's resources (the folder sound) are compiled into it; a program
+// that links its objects statically keeps them only through this call.
+static void initLibraryResources() { Q_INIT_RESOURCE(sounds); }
+
 namespace OrrinQuiver::modQuiver {
 
 namespace {
@@ -26,6 +30,7 @@ const QString FolderSoundResource = QStringLiteral(":/OrrinQuiver/FOLDER_SOUND")
 
 void addInstance(const QWidget *control)
 {
+    initLibraryResources();
     scrollBarExtent = control->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, control);
     ++instances;
     if (!effects)

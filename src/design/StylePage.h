@@ -1,6 +1,7 @@
 #pragma once
 
-#include "design/StylePreset.h"
+#include "control/StylePreset.h"
+#include "core/OrrinQuiverExport.h"
 
 #include <QtWidgets/QWidget>
 
@@ -13,7 +14,7 @@ class StylePagePrivate;
 // The style page: a drop-down of the five drawing styles (cmbStyle), the
 // description of the chosen one, and a button (cmdApplySettings) that writes
 // the chosen style's preset to a control.
-class StylePage : public QWidget
+class ORRINQUIVER_EXPORT StylePage : public QWidget
 {
     Q_OBJECT
 

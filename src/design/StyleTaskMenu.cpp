@@ -1,7 +1,7 @@
 #include "design/StyleTaskMenu.h"
 
 #include "design/StylePage.h"
-#include "design/StylePreset.h"
+#include "control/StylePreset.h"
 
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>

@@ -1,9 +1,4 @@
-# Style presets and the style page; the Designer plugin is a separate target
+# The style page; the Designer plugin that shows it is a separate target
 # (design/CMakeLists.txt).
-target_sources(OrrinQuiver
-    PRIVATE
-        design/StylePage.cpp
-        design/StylePreset.cpp
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
-        design/StylePage.h
-        design/StylePreset.h)
+target_sources(OrrinQuiverObjects PRIVATE design/StylePage.cpp)
+orrinquiver_public_headers(design/StylePage.h)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
 #include "imaging/clsImageList.h"
 
 #include <QtWidgets/QWidget>
@@ -13,7 +14,7 @@ namespace OrrinQuiver {
 // control's Icons and SmallIcons properties store. The images themselves are
 // in the clsImageList that Images() exposes; the invokable members let a form
 // file or a script fill it without C++.
-class ImageList : public QWidget
+class ORRINQUIVER_EXPORT ImageList : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(int ImageWidth READ ImageWidth WRITE setImageWidth)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/OleColor.h"
+#include "core/OleColor.h"
 
 #include <QtGui/QIcon>
 #include <QtGui/QImage>

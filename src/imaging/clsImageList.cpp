@@ -2,7 +2,7 @@
 
 #include "imaging/PictureOps_p.h"
 #include "platform/SystemColors.h"
-#include "platform/VariantNumbers.h"
+#include "core/VariantNumbers.h"
 
 #include <QtCore/QHash>
 #include <QtGui/QBitmap>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/OleColor.h"
+#include "core/OleColor.h"
+#include "core/OrrinQuiverExport.h"
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>
@@ -21,7 +22,7 @@ namespace OrrinQuiver {
 // and cursors are rendered once for each device pixel ratio they are drawn
 // at. Keys are compared exactly (letter case counts) and are unique: an add
 // or a re-key that would repeat a key in use is refused.
-class clsImageList
+class ORRINQUIVER_EXPORT clsImageList
 {
 public:
     // How AddFromFile, AddFromResourceID and AddFromHandle read a picture.

@@ -1,11 +1,11 @@
-target_sources(OrrinQuiver
+target_sources(OrrinQuiverObjects
     PRIVATE
         imaging/clsDrawPictures.cpp
         imaging/clsImageList.cpp
         imaging/ImageList.cpp
         imaging/PictureOps.cpp
-        imaging/PictureOps_p.h
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
         imaging/clsDrawPictures.h
-        imaging/clsImageList.h
-        imaging/ImageList.h)
+        imaging/PictureOps_p.h)
+orrinquiver_public_headers(
+    imaging/clsImageList.h
+    imaging/ImageList.h)

@@ -4,11 +4,11 @@
 #include "imaging/clsDrawPictures.h"
 #include "imaging/clsImageList.h"
 #include "itemview/ItemLayout.h"
-#include "model/StyleFamily_p.h"
+#include "itemview/StyleFamily.h"
 #include "platform/EdgeLines.h"
 #include "platform/PreparedText.h"
 #include "platform/SystemColors.h"
-#include "platform/VariantNumbers.h"
+#include "core/VariantNumbers.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "itemview/ItemLook.h"
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "core/OleColor.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QRect>
 #include <QtCore/QString>

@@ -1,7 +1,7 @@
 #include "itemview/ItemContainer.h"
 
 #include "itemview/ItemContainer_p.h"
-#include "itemview/MousePointer.h"
+#include "platform/MousePointer.h"
 #include "model/Item.h"
 #include "model/Items.h"
 #include "platform/SystemColors.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/ItemViewLink.h"
-#include "model/QuiverEnums.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QVariant>
 #include <QtWidgets/QWidget>

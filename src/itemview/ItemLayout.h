@@ -1,7 +1,7 @@
 #pragma once
 
 #include "itemview/DrawItem.h"
-#include "model/QuiverEnums.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QtGlobal>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "core/OleColor.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QFont>

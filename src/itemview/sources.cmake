@@ -1,4 +1,4 @@
-target_sources(OrrinQuiver
+target_sources(OrrinQuiverObjects
     PRIVATE
         itemview/DrawItem.cpp
         itemview/DrawItem.h
@@ -9,6 +9,4 @@ target_sources(OrrinQuiver
         itemview/ItemLayout.cpp
         itemview/ItemLayout.h
         itemview/ItemLook.h
-        itemview/MousePointer.cpp
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
-        itemview/MousePointer.h)
+        itemview/StyleFamily.h)

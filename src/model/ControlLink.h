@@ -1,12 +1,13 @@
 #pragma once
 
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "core/OleColor.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QString>
 
 namespace OrrinQuiver {
 
+class DocumentFormat;
 class Header;
 class Headers;
 class Item;
@@ -14,7 +15,7 @@ class ItemViewLink;
 
 // What the content model needs of the control that shows it. The control
 // (control/Quiver) implements it; model tests use a recording double.
-// Positions are 1-based header positions. No call throws but setHeaderXml().
+// Positions are 1-based header positions. No call throws.
 class ControlLink
 {
 public:
@@ -58,12 +59,9 @@ public:
     // list (large or small icons).
     virtual void loadUrlIcon(const QString &url, bool large) = 0;
 
-    // The XML fragment of one header, and its reading; the control owns the
-    // document format. Reading errors reach the caller as QuiverError.
-    virtual QString headerXml(const Header *header) const = 0;
-    virtual void setHeaderXml(Header *header, const QString &xml) = 0;
-    // The history document of the control's Navigation.
-    virtual QString historyXml() const = 0;
+    // The format of the header and history documents; null when the control
+    // has none, and the XML members then return an empty text.
+    virtual const DocumentFormat *documentFormat() const = 0;
 };
 
 } // namespace OrrinQuiver

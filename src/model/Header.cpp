@@ -1,12 +1,13 @@
 #include "model/Header.h"
 
 #include "model/ControlLink.h"
+#include "model/DocumentFormat.h"
 #include "model/Headers.h"
 #include "model/ItemViewLink.h"
 #include "model/Items.h"
 #include "model/Headers_p.h"
-#include "model/QuiverError.h"
-#include "platform/ScriptErrors.h"
+#include "core/QuiverError.h"
+#include "core/ScriptErrors.h"
 
 namespace OrrinQuiver {
 
@@ -252,13 +253,14 @@ void Header::setVisible(bool value)
 
 QString Header::XML() const
 {
-    return d->control ? d->control->headerXml(this) : QString();
+    const DocumentFormat *format = d->control ? d->control->documentFormat() : nullptr;
+    return format ? format->headerXml(*this) : QString();
 }
 
 void Header::setXML(const QString &value)
 {
-    if (d->control)
-        d->control->setHeaderXml(this, value);
+    if (const DocumentFormat *format = d->control ? d->control->documentFormat() : nullptr)
+        format->readHeaderXml(*this, value);
 }
 
 QString Header::readXml() const

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "core/OleColor.h"
+#include "core/OrrinQuiverExport.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -21,7 +22,7 @@ class Items;
 // items. Headers are made only by Headers::Add; until Add has linked a header
 // its setters change nothing but its own fields. A removed header is unlinked
 // and deleted (with its items) once control returns to the event loop.
-class Header : public QObject
+class ORRINQUIVER_EXPORT Header : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)

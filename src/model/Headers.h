@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/QuiverEnums.h"
+#include "core/OrrinQuiverExport.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
@@ -21,7 +22,7 @@ class Header;
 // number passed as a QVariant is a position, a text is a caption or key.
 // Every operation checks its arguments and ends with its default (nullptr,
 // false, 0) on bad input; nothing throws. Works without a control.
-class Headers : public QObject
+class ORRINQUIVER_EXPORT Headers : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(int Count READ Count)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/OleColor.h"
+#include "core/OleColor.h"
+#include "core/OrrinQuiverExport.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -24,7 +25,7 @@ class KeyedList;
 // Items are made only by Items::Add. Until Add has linked an item to its
 // collection its setters change nothing but the item's own fields; a removed
 // item is unlinked again and deleted once control returns to the event loop.
-class Item : public QObject
+class ORRINQUIVER_EXPORT Item : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool Bold READ Bold WRITE setBold)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -21,7 +23,7 @@ class ItemViewLink;
 // QVariant is a position, a text is a caption or key. Every operation checks
 // its arguments and ends with its default (nullptr, false, 0) on bad input;
 // nothing throws. Works without a control or a view linked.
-class Items : public QObject
+class ORRINQUIVER_EXPORT Items : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(int Count READ Count)

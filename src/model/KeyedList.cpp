@@ -1,6 +1,6 @@
 #include "model/KeyedList_p.h"
 
-#include "platform/VariantNumbers.h"
+#include "core/VariantNumbers.h"
 
 #include <QtCore/QChar>
 

@@ -1,8 +1,9 @@
 #include "model/Navigation.h"
 
 #include "model/ControlLink.h"
-#include "model/QuiverError.h"
-#include "platform/ScriptErrors.h"
+#include "model/DocumentFormat.h"
+#include "core/QuiverError.h"
+#include "core/ScriptErrors.h"
 
 namespace OrrinQuiver {
 
@@ -73,7 +74,8 @@ void Navigation::setEnabled(bool value)
 
 QString Navigation::HistoryXML() const
 {
-    return d->control ? d->control->historyXml() : QString();
+    const DocumentFormat *format = d->control ? d->control->documentFormat() : nullptr;
+    return format ? format->historyXml(*this) : QString();
 }
 
 QString Navigation::readHistoryXml() const

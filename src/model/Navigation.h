@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -14,7 +16,7 @@ class ControlLink;
 // key and an item key. Entry p is stored at list index p - 1 but read back at
 // list index p when moving, and moving forward stops at the last list index;
 // that one-place shift is the history's defined behaviour. Nothing throws.
-class Navigation : public QObject
+class ORRINQUIVER_EXPORT Navigation : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool CanGoBack READ CanGoBack)

@@ -1,5 +1,7 @@
-target_sources(OrrinQuiver
+target_sources(OrrinQuiverObjects
     PRIVATE
+        model/ControlLink.h
+        model/DocumentFormat.h
         model/Header.cpp
         model/Headers.cpp
         model/Headers_p.h
@@ -8,21 +10,15 @@ target_sources(OrrinQuiver
         model/Items_p.h
         model/ItemSlots.cpp
         model/ItemSlots_p.h
+        model/ItemViewLink.h
         model/KeyedList.cpp
         model/KeyedList_p.h
         model/ModelChecker.cpp
-        model/Navigation.cpp
-        model/QuiverError.cpp
-        model/StyleFamily_p.h
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
-        model/ControlLink.h
-        model/Header.h
-        model/Headers.h
-        model/Item.h
-        model/Items.h
-        model/ItemViewLink.h
         model/ModelChecker.h
-        model/Navigation.h
-        model/OleColor.h
-        model/QuiverEnums.h
-        model/QuiverError.h)
+        model/Navigation.cpp)
+orrinquiver_public_headers(
+    model/Header.h
+    model/Headers.h
+    model/Item.h
+    model/Items.h
+    model/Navigation.h)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
 #include "serialize/MemoryPropertyBag.h"
 
 namespace OrrinQuiver {
@@ -10,7 +11,7 @@ namespace OrrinQuiver {
 // escapes for the backslash ("\\"), line breaks ("\n", "\r"), tabs ("\t")
 // and other control characters ("\xHH"), so the text survives the form
 // file's XML and any editor.
-class FormPropertyBag : public MemoryPropertyBag
+class ORRINQUIVER_EXPORT FormPropertyBag : public MemoryPropertyBag
 {
 public:
     FormPropertyBag() = default;

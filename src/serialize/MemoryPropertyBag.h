@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
 #include "serialize/PropertyBag.h"
 
 #include <QtCore/QHash>
@@ -10,7 +11,7 @@ namespace OrrinQuiver {
 // A property bag held in memory. It keeps its names in the order they were
 // first written, so a test or a script sees exactly what a save stored and
 // in which order.
-class MemoryPropertyBag : public PropertyBag
+class ORRINQUIVER_EXPORT MemoryPropertyBag : public PropertyBag
 {
 public:
     MemoryPropertyBag() = default;

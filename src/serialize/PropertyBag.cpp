@@ -1,6 +1,6 @@
 #include "serialize/PropertyBag.h"
 
-#include "platform/VariantNumbers.h"
+#include "core/VariantNumbers.h"
 
 #include <QtGui/QFont>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
@@ -16,7 +18,7 @@ namespace OrrinQuiver {
 // Reading converts the stored value to the type of the default it is read
 // with, and a value that does not fit that type reads as the default: a
 // missing key, a wrong-typed value and garbage all give the default.
-class PropertyBag
+class ORRINQUIVER_EXPORT PropertyBag
 {
 public:
     virtual ~PropertyBag();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
 #include "serialize/PropertyBag.h"
 
 QT_BEGIN_NAMESPACE
@@ -14,7 +15,7 @@ namespace OrrinQuiver {
 // bag, and the caller calls sync() and checks status() to learn whether a
 // save reached the disk. An INI file lists its names alphabetically, not in
 // the order written.
-class SettingsPropertyBag : public PropertyBag
+class ORRINQUIVER_EXPORT SettingsPropertyBag : public PropertyBag
 {
 public:
     // `group` empty: the names sit at the top level of the store.

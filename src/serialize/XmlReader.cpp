@@ -6,7 +6,7 @@
 #include "model/Item.h"
 #include "model/Items.h"
 #include "model/Navigation.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 #include "serialize/XmlFormat.h"
 #include "serialize/modWebColorFuncs.h"
 

@@ -1,7 +1,9 @@
 # The serialization code is internal: the control reaches it, hosts use the
 # control's XML properties.
-target_sources(OrrinQuiver
+target_sources(OrrinQuiverObjects
     PRIVATE
+        serialize/XmlDocumentFormat.cpp
+        serialize/XmlDocumentFormat.h
         serialize/XmlFormat.cpp
         serialize/XmlFormat.h
         serialize/XmlReader.cpp
@@ -16,16 +18,16 @@ set_source_files_properties(serialize/XmlFormat.cpp PROPERTIES COMPILE_DEFINITIO
     "QUIVER_VERSION_MAJOR=${PROJECT_VERSION_MAJOR};QUIVER_VERSION_MINOR=${PROJECT_VERSION_MINOR};QUIVER_VERSION_PATCH=${PROJECT_VERSION_PATCH}")
 
 # Property bags: where a host keeps a control's settings between sessions.
-target_sources(OrrinQuiver
+target_sources(OrrinQuiverObjects
     PRIVATE
         serialize/FormPropertyBag.cpp
         serialize/MemoryPropertyBag.cpp
         serialize/PropertyBag.cpp
         serialize/SettingsPropertyBag.cpp
         serialize/modPictureText.cpp
-        serialize/modPictureText.h
-    PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES
-        serialize/FormPropertyBag.h
-        serialize/MemoryPropertyBag.h
-        serialize/PropertyBag.h
-        serialize/SettingsPropertyBag.h)
+        serialize/modPictureText.h)
+orrinquiver_public_headers(
+    serialize/FormPropertyBag.h
+    serialize/MemoryPropertyBag.h
+    serialize/PropertyBag.h
+    serialize/SettingsPropertyBag.h)

@@ -2,7 +2,7 @@
 
 #include "control/Quiver.h"
 #include "model/Navigation.h"
-#include "platform/ScriptErrors.h"
+#include "core/ScriptErrors.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtQml/QJSEngine>
@@ -32,7 +32,7 @@ public:
 class FailingHistoryLink : public RecordingControlLink
 {
 public:
-    QString historyXml() const override
+    QString historyXml(const OrrinQuiver::Navigation &) const override
     {
         throw QuiverError(qvErrorXMLParserNotPresent, QStringLiteral("MSXML or MSXML3 not found during XML operation"));
     }

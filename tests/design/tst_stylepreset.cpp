@@ -1,6 +1,6 @@
 #include "control/Quiver.h"
-#include "design/StylePreset.h"
-#include "itemview/MousePointer.h"
+#include "control/StylePreset.h"
+#include "platform/MousePointer.h"
 
 #include <QtGui/QCursor>
 #include <QtTest/QSignalSpy>

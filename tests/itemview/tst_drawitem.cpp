@@ -1,5 +1,5 @@
 #include "control/Quiver.h"
-#include "design/StylePreset.h"
+#include "control/StylePreset.h"
 #include "imaging/ImageList.h"
 #include "itemview/DrawItem.h"
 #include "itemview/ItemContainer.h"

@@ -8,7 +8,7 @@
 #include "model/Items.h"
 #include "model/ModelChecker.h"
 #include "model/Navigation.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>

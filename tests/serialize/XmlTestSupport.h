@@ -5,7 +5,7 @@
 #include "model/Headers.h"
 #include "model/Item.h"
 #include "model/Items.h"
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QXmlStreamReader>

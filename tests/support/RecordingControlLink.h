@@ -3,6 +3,7 @@
 #include "RecordingItemViewLink.h"
 
 #include "model/ControlLink.h"
+#include "model/DocumentFormat.h"
 
 #include <QtCore/QStringList>
 
@@ -11,9 +12,9 @@
 
 // A control that shows nothing and records every call the model makes, in
 // order, as text ("openHeader(2)"). It makes a RecordingItemViewLink for each
-// header (bar ids from 1) and answers the model's questions from its public
-// fields.
-class RecordingControlLink : public OrrinQuiver::ControlLink
+// header (bar ids from 1), answers the model's questions from its public
+// fields, and stands in for the document format as well.
+class RecordingControlLink : public OrrinQuiver::ControlLink, public OrrinQuiver::DocumentFormat
 {
 public:
     OrrinQuiver::Headers *headerCollection() const override { return headers; }
@@ -48,16 +49,20 @@ public:
     {
         record(QStringLiteral("loadUrlIcon(%1,%2)").arg(url, text(large)));
     }
-    QString headerXml(const OrrinQuiver::Header *) const override { return xml; }
-    void setHeaderXml(OrrinQuiver::Header *, const QString &text) override { record(QStringLiteral("setHeaderXml(%1)").arg(text)); }
-    QString historyXml() const override { return xml; }
+    const OrrinQuiver::DocumentFormat *documentFormat() const override { return this; }
+    QString headerXml(const OrrinQuiver::Header &) const override { return xml; }
+    void readHeaderXml(OrrinQuiver::Header &, const QString &text) const override
+    {
+        record(QStringLiteral("setHeaderXml(%1)").arg(text));
+    }
+    QString historyXml(const OrrinQuiver::Navigation &) const override { return xml; }
 
     // The calls recorded since the last take().
     QStringList take() { return std::exchange(calls, {}); }
     // The item view made for the header with that bar id.
     RecordingItemViewLink *view(int barId) const { return views.at(size_t(barId - 1)).get(); }
 
-    QStringList calls;
+    mutable QStringList calls;
     OrrinQuiver::Headers *headers = nullptr;
     int nextBarId = 1;
     int selectedPosition = 0;
@@ -69,5 +74,5 @@ public:
 
 private:
     static QString text(bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
-    void record(const QString &call) { calls.append(call); }
+    void record(const QString &call) const { calls.append(call); }
 };

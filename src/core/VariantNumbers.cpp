@@ -1,4 +1,4 @@
-#include "platform/VariantNumbers.h"
+#include "core/VariantNumbers.h"
 
 #include <QtCore/QVariant>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
@@ -13,7 +15,7 @@ namespace OrrinQuiver {
 // five drawing styles. A preset is written property by property, in a fixed
 // order, through a Target: the control itself, or a form designer that records
 // every change so that it can be undone and saved.
-class StylePreset
+class ORRINQUIVER_EXPORT StylePreset
 {
 public:
     // The control a preset is written to, addressed by property name.

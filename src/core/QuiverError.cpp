@@ -1,4 +1,4 @@
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 namespace OrrinQuiver {
 

@@ -1,4 +1,4 @@
-#include "platform/ScriptErrors.h"
+#include "core/ScriptErrors.h"
 
 #include <QtCore/QMetaObject>
 #include <QtQml/QJSEngine>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/QuiverEnums.h"
+#include "core/OrrinQuiverExport.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QString>
 
@@ -11,7 +12,7 @@ namespace OrrinQuiver {
 // The error that the few raising operations (the XML readers and writers)
 // throw to a C++ host. Calls that arrive through the meta-object system never
 // let it escape: they hand it to the script engine or log it instead.
-class QuiverError : public std::exception
+class ORRINQUIVER_EXPORT QuiverError : public std::exception
 {
 public:
     QuiverError(int number, const QString &description);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QuiverError.h"
+#include "core/QuiverError.h"
 
 QT_FORWARD_DECLARE_CLASS(QObject)
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QuiverEnums.h"
+#include "core/QuiverEnums.h"
 
 namespace OrrinQuiver {
 

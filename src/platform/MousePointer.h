@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QVariant>
 #include <QtGui/QCursor>
 
@@ -34,6 +36,6 @@ constexpr int Custom = 99;
 // MousePointer::Custom. No value for MousePointer::Default, which shows the
 // parent's cursor. Unknown constants, and Custom without a usable picture,
 // give the arrow.
-std::optional<QCursor> cursorForPointer(int pointer, const QVariant &picture);
+ORRINQUIVER_EXPORT std::optional<QCursor> cursorForPointer(int pointer, const QVariant &picture);
 
 } // namespace OrrinQuiver

@@ -1,8 +1,8 @@
-#include "design/StylePreset.h"
+#include "control/StylePreset.h"
 
-#include "itemview/MousePointer.h"
-#include "model/OleColor.h"
-#include "model/QuiverEnums.h"
+#include "platform/MousePointer.h"
+#include "core/OleColor.h"
+#include "core/QuiverEnums.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>

@@ -1,4 +1,4 @@
-#include "itemview/MousePointer.h"
+#include "platform/MousePointer.h"
 
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>

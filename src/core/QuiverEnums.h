@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/OrrinQuiverExport.h"
+
 #include <QtCore/QObject>
 
 // The public enumerations of the object model. They live in the namespace's
@@ -7,7 +9,7 @@
 // its qv... name. Each has int as its underlying type: properties store an
 // out-of-range value as given, and every int must be a valid value then.
 namespace OrrinQuiver {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ORRINQUIVER_EXPORT)
 
 // The five drawing styles of the bar.
 enum qvStyle : int {
