@@ -44,8 +44,9 @@ run_demo() {
     QT_QPA_PLATFORM=offscreen exec "$build/app/quiver" demo --out "$build/demo-screens"
 }
 
-# A host program built against the installed package: a broken install, a
-# missing header or a wrong package config fails here.
+# A host program built against the installed package, and the installed
+# command: a broken install, a missing header, a wrong package config or a
+# program that finds its library only through LD_LIBRARY_PATH fails here.
 check_install() {
     local stage="$build/stage"
     rm -rf "$stage" "$build/example-host"
@@ -53,8 +54,9 @@ check_install() {
     cmake -S "$here/examples/host" -B "$build/example-host" -G Ninja \
         -DCMAKE_PREFIX_PATH="$stage" -DCMAKE_BUILD_TYPE=RelWithDebInfo > /dev/null
     cmake --build "$build/example-host"
-    LD_LIBRARY_PATH="$stage/lib:${LD_LIBRARY_PATH:-}" QT_QPA_PLATFORM=offscreen \
-        "$build/example-host/quiver-host"
+    env -u LD_LIBRARY_PATH QT_QPA_PLATFORM=offscreen "$build/example-host/quiver-host"
+    env -u LD_LIBRARY_PATH QT_QPA_PLATFORM=offscreen "$stage/bin/quiver" render \
+        "$here/tests/serialize/fixtures/control-201.xml" --out "$build/stage-render.png"
 }
 
 # The same suite built by clang with AddressSanitizer, UndefinedBehaviorSanitizer

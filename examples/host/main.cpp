@@ -1,10 +1,10 @@
 // The smallest host of the installed library: a bar with a header of its own
 // holding one item, made the way an application makes it.
-#include <control/Quiver.h>
-#include <model/Header.h>
-#include <model/Headers.h>
-#include <model/Item.h>
-#include <model/Items.h>
+#include <OrrinQuiver/Quiver.h>
+#include <OrrinQuiver/Header.h>
+#include <OrrinQuiver/Headers.h>
+#include <OrrinQuiver/Item.h>
+#include <OrrinQuiver/Items.h>
 
 #include <QtWidgets/QApplication>
 
