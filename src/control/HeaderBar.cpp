@@ -8,10 +8,11 @@
 
 namespace OrrinQuiver {
 
-HeaderBar::HeaderBar(HeaderStrip *strip, int barId, QWidget *parent)
+HeaderBar::HeaderBar(HeaderStrip *strip, int barId, ItemContainer *itemView, QWidget *parent)
     : QWidget(parent)
     , m_strip(strip)
     , m_barId(barId)
+    , m_itemView(itemView)
 {
     // Moves over the bar with no button down are what make it look hot.
     setMouseTracking(true);

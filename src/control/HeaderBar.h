@@ -1,9 +1,11 @@
 #pragma once
 
 #include "control/BarRecord.h"
+#include "itemview/ItemContainer.h"
 #include "core/OleColor.h"
 
 #include <QtCore/QPointF>
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 #include <optional>
@@ -14,7 +16,9 @@ class HeaderStrip;
 
 // The bar of one header: a child widget of the control that paints the
 // header in its remembered look and hands its mouse input to the strip,
-// which runs the press, hover and release behaviour.
+// which runs the press, hover and release behaviour. It is the one record of
+// its header's bar: its id, its tag record, its drawn state and the header's
+// item view.
 class HeaderBar : public QWidget
 {
     Q_OBJECT
@@ -23,10 +27,13 @@ public:
     // Colour value meaning "the control's own header colour".
     static constexpr OLE_COLOR DefaultColor = 0xFFFFFFFFu;
 
-    HeaderBar(HeaderStrip *strip, int barId, QWidget *parent);
+    HeaderBar(HeaderStrip *strip, int barId, ItemContainer *itemView, QWidget *parent);
 
     // The id the control gave the bar; fixed for the bar's life.
     int barId() const { return m_barId; }
+
+    // The item view of the bar's header; it goes with the bar.
+    ItemContainer *itemView() const { return m_itemView; }
 
     BarRecord &record() { return m_record; }
     const BarRecord &record() const { return m_record; }
@@ -56,6 +63,7 @@ protected:
 private:
     HeaderStrip *const m_strip;
     const int m_barId;
+    const QPointer<ItemContainer> m_itemView;
     BarRecord m_record;
     int m_drawnState = -1;
     OLE_COLOR m_backColor = DefaultColor;

@@ -2,18 +2,14 @@
 
 #include "control/DrawHeader.h"
 #include "control/HeaderGeometry.h"
-#include "control/HeaderSound.h"
-#include "control/Quiver_p.h"
-#include "platform/SlideMover.h"
 #include "itemview/ItemContainer.h"
-#include "platform/MousePointer.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Items.h"
 #include "platform/MouseCodes.h"
-#include "platform/SoundOutput.h"
+#include "platform/MousePointer.h"
+#include "platform/SlideMover.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QFontMetrics>
@@ -35,16 +31,6 @@ bool inside(const QWidget *widget, QPointF point)
     return point.x() > 0 && point.x() < widget->width() && point.y() > 0 && point.y() < widget->height();
 }
 
-// The control's own folder sound, read once from the library's resources.
-const QByteArray &builtInHeaderSound()
-{
-    static const QByteArray wave = [] {
-        QFile file(QStringLiteral(":/OrrinQuiver/FOLDER_SOUND"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }();
-    return wave;
-}
-
 } // namespace
 
 // A running slide: the widgets that travel, the mover that knows their next
@@ -61,9 +47,13 @@ struct HeaderStrip::Slide
     QPointer<QWidget> snapBar;
 };
 
-HeaderStrip::HeaderStrip(QuiverPrivate *control)
-    : d(control)
+HeaderStrip::HeaderStrip(QWidget *control, const Headers &headers, Host &host)
+    : QObject(control)
+    , m_control(control)
+    , m_headers(headers)
+    , m_host(host)
 {
+    setObjectName(QStringLiteral("HeaderStrip"));
     m_frames.setInterval(SlideFrameInterval);
     connect(&m_frames, &QTimer::timeout, this, &HeaderStrip::nextFrame);
 }
@@ -79,24 +69,44 @@ HeaderStrip::~HeaderStrip()
 
 QString HeaderStrip::headerKeyMimeType() { return QStringLiteral("application/x-orrinquiver-header-key"); }
 
-HeaderBar *HeaderStrip::addBar(int barId, QWidget *itemView)
+void HeaderStrip::setLook(const StripLook &look) { m_look = look; }
+
+HeaderBar *HeaderStrip::addBar(int barId, ItemContainer *itemView, int pointer, const QVariant &picture)
 {
-    auto *bar = new HeaderBar(this, barId, d->q);
+    auto *bar = new HeaderBar(this, barId, itemView, m_control);
     m_bars.insert(barId, bar);
     if (itemView)
         itemView->lower();
+    if (const std::optional<QCursor> cursor = cursorForPointer(pointer, picture))
+        bar->setCursor(*cursor);
     return bar;
 }
 
 void HeaderStrip::removeBar(int barId)
 {
-    if (HeaderBar *bar = m_bars.take(barId)) {
-        bar->hide();
-        bar->deleteLater();
+    HeaderBar *bar = m_bars.take(barId);
+    if (!bar)
+        return;
+    // The header that held the view may be used by the host until control
+    // returns to the event loop; so may its view.
+    if (ItemContainer *view = bar->itemView()) {
+        view->setActive(false);
+        view->hide();
+        view->deleteLater();
     }
+    bar->hide();
+    bar->deleteLater();
 }
 
 HeaderBar *HeaderStrip::bar(int barId) const { return m_bars.value(barId); }
+
+ItemContainer *HeaderStrip::viewOf(const Header *header) const
+{
+    const HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
+    return bar ? bar->itemView() : nullptr;
+}
+
+QWidget *HeaderStrip::viewAt(int position) const { return viewOf(m_headers.at(position)); }
 
 Header *HeaderStrip::headerOf(const HeaderBar *bar) const
 {
@@ -104,10 +114,10 @@ Header *HeaderStrip::headerOf(const HeaderBar *bar) const
         return nullptr;
     // The record names the header by position; a header moved since the bar
     // was last drawn is found by its bar instead.
-    Header *header = d->headers->at(bar->record().index());
+    Header *header = m_headers.at(bar->record().index());
     if (header && header->barId() == bar->barId())
         return header;
-    for (Header *candidate : *d->headers) {
+    for (Header *candidate : m_headers) {
         if (candidate->barId() == bar->barId())
             return candidate;
     }
@@ -117,41 +127,39 @@ Header *HeaderStrip::headerOf(const HeaderBar *bar) const
 void HeaderStrip::refreshRecord(HeaderBar *bar, const Header *header) const
 {
     bar->record().setField(BarRecord::IndexField, QString::number(header->Index()));
-    bar->record().setField(BarRecord::ToolTipField, d->showToolTips ? header->ToolTipText() : QString());
+    bar->record().setField(BarRecord::ToolTipField, m_look.showToolTips ? header->ToolTipText() : QString());
 }
 
-void HeaderStrip::layout()
+void HeaderStrip::layout(bool redrawAll)
 {
     if (m_slide)
         return;
-    Quiver *q = d->q;
-    d->headerHeight
-        = HeaderGeometry::headerHeight(d->style, QFontMetrics(q->font()).height(), d->headerHeight);
+    m_headerHeight = HeaderGeometry::headerHeight(m_look.style, QFontMetrics(m_look.font).height(), m_headerHeight);
 
     HeaderGeometry::StripInput input;
-    input.style = d->style;
-    input.width = q->width();
-    input.height = q->height();
-    input.headerHeight = d->headerHeight;
-    input.selected = d->selectedPosition;
-    input.alwaysShowFirstHeader = d->alwaysShowFirstHeader;
-    for (const Header *header : *d->headers)
+    input.style = m_look.style;
+    input.width = m_control->width();
+    input.height = m_control->height();
+    input.headerHeight = m_headerHeight;
+    input.selected = m_host.openPosition();
+    input.alwaysShowFirstHeader = m_look.alwaysShowFirstHeader;
+    for (const Header *header : m_headers)
         input.visible.append(header->Visible());
     const HeaderGeometry::StripLayout strip = HeaderGeometry::layoutStrip(input);
 
     int position = 0;
-    for (Header *header : *d->headers) {
+    for (Header *header : m_headers) {
         const HeaderGeometry::BarPlacement &place = strip.bars.at(position++);
         if (HeaderBar *bar = this->bar(header->barId())) {
             bar->setGeometry(place.rect);
             bar->setVisible(place.visible);
             refreshRecord(bar, header);
-            if (d->headerRedraw)
+            if (redrawAll)
                 bar->setDrawnState(-1);
             drawHeader(header, HeaderNormal);
         }
-        if (QWidget *view = d->viewOf(header)) {
-            if (position == d->selectedPosition) {
+        if (QWidget *view = viewOf(header)) {
+            if (position == input.selected) {
                 view->setGeometry(strip.openView);
                 view->setVisible(header->Visible());
             } else {
@@ -161,12 +169,11 @@ void HeaderStrip::layout()
             }
         }
     }
-    d->headerRedraw = false;
 }
 
 void HeaderStrip::repaint(bool force)
 {
-    for (Header *header : *d->headers) {
+    for (Header *header : m_headers) {
         HeaderBar *bar = this->bar(header->barId());
         if (!bar)
             continue;
@@ -207,16 +214,15 @@ HeaderLook HeaderStrip::lookOf(const HeaderBar *bar) const
     const Header *header = headerOf(bar);
     // A bar not drawn yet shows its normal look.
     look.state = qMax(bar->drawnState(), int(HeaderNormal));
-    look.style = d->style;
+    look.style = m_look.style;
     look.caption = header ? header->Caption() : QString();
-    look.font = d->q->font();
+    look.font = m_look.font;
     look.enabled = header && header->Enabled();
-    look.colors.back = bar->backColor() == HeaderBar::DefaultColor ? d->headerBackColor : bar->backColor();
-    look.colors.fore = bar->foreColor() == HeaderBar::DefaultColor ? d->headerForeColor : bar->foreColor();
-    look.colors.overFore = d->headerOverForeColor;
-    look.colors.highlight = d->highlightColor;
-    look.colors.shadow = d->shadowColor;
-    look.colors.dkShadow = d->dkShadowColor;
+    look.colors = m_look.colors;
+    if (bar->backColor() != HeaderBar::DefaultColor)
+        look.colors.back = bar->backColor();
+    if (bar->foreColor() != HeaderBar::DefaultColor)
+        look.colors.fore = bar->foreColor();
     return look;
 }
 
@@ -225,33 +231,32 @@ HeaderLook HeaderStrip::lookOf(const HeaderBar *bar) const
 void HeaderStrip::slide(int oldPosition, int newPosition)
 {
     finishSlide();
-    Quiver *q = d->q;
-    Headers *headers = d->headers;
-    const Header *opened = headers->at(newPosition);
+    const Header *opened = m_headers.at(newPosition);
     HeaderBar *openedBar = opened ? bar(opened->barId()) : nullptr;
-    QWidget *openedView = d->viewOf(opened);
-    const int count = headers->Count();
-    const int hh = d->headerHeight;
-    const int content = HeaderGeometry::contentHeight(d->style, q->height(), hh, count, newPosition,
-                                                      d->alwaysShowFirstHeader);
+    QWidget *openedView = viewOf(opened);
+    const int count = m_headers.Count();
+    const int hh = m_headerHeight;
+    const int height = m_control->height();
+    const int content = HeaderGeometry::contentHeight(m_look.style, height, hh, count, newPosition,
+                                                      m_look.alwaysShowFirstHeader);
     const HeaderGeometry::SlidePlan plan = HeaderGeometry::planSlide(
-        { oldPosition, newPosition, count, opened ? opened->Items()->Count() : 0, q->height(), hh, content });
+        { oldPosition, newPosition, count, opened ? opened->Items()->Count() : 0, height, hh, content });
     if (plan.isEmpty() || !openedBar || !openedView) {
-        d->layoutStrip();
+        m_host.relayout();
         return;
     }
 
     QList<QPointer<QWidget>> members;
     QList<int> tops;
     for (int position : plan.barPositions) {
-        const Header *header = headers->at(position);
+        const Header *header = m_headers.at(position);
         if (HeaderBar *member = header ? bar(header->barId()) : nullptr) {
             members.append(member);
             tops.append(member->y());
         }
     }
     // The item views wait ready at the width they will have when open.
-    const int viewWidth = HeaderGeometry::itemViewRect(d->style, q->width(), 0, hh, content).width();
+    const int viewWidth = HeaderGeometry::itemViewRect(m_look.style, m_control->width(), 0, hh, content).width();
     if (openedView->width() != viewWidth)
         openedView->resize(viewWidth, openedView->height());
     QList<QPointer<QWidget>> hideAfter;
@@ -260,23 +265,23 @@ void HeaderStrip::slide(int oldPosition, int newPosition)
         openedView->show();
         const int lowest = qMax(1, newPosition - int(plan.barPositions.size()));
         for (int position = newPosition - 1; position >= lowest; --position)
-            hideAfter.append(d->viewAt(position));
+            hideAfter.append(viewAt(position));
     } else {
         members.append(openedView);
         tops.append(openedView->y());
         for (int position = newPosition + 1; position <= count; ++position)
-            hideAfter.append(d->viewAt(position));
+            hideAfter.append(viewAt(position));
     }
 
-    m_slide.reset(new Slide { members, SlideMover(tops, plan.distance, plan.up, plan.fast, d->smoothScroll),
+    m_slide.reset(new Slide { members, SlideMover(tops, plan.distance, plan.up, plan.fast, m_look.smoothScroll),
                               hideAfter, plan.up ? nullptr : openedView, plan.up ? nullptr : openedBar });
-    if (!d->smoothScroll || !q->isVisible()) {
+    if (!m_look.smoothScroll || !m_control->isVisible()) {
         finishSlide();
         return;
     }
     // The control keeps the mouse to itself for the whole slide, so that no
     // click lands on a bar on its way (the filter checks isSliding()).
-    if (!d->designMode)
+    if (!m_look.designMode)
         qApp->installEventFilter(this);
     m_frames.start();
 }
@@ -316,12 +321,12 @@ void HeaderStrip::endSlide()
     qApp->removeEventFilter(this);
     if (slide->snapView && slide->snapBar)
         slide->snapView->move(slide->snapView->x(),
-                              HeaderGeometry::slideViewTop(slide->snapBar->y(), d->headerHeight));
+                              HeaderGeometry::slideViewTop(slide->snapBar->y(), m_headerHeight));
     for (QWidget *view : slide->hideAfter) {
         if (view)
             view->hide();
     }
-    d->layoutStrip();
+    m_host.relayout();
 }
 
 bool HeaderStrip::eventFilter(QObject *watched, QEvent *event)
@@ -332,7 +337,7 @@ bool HeaderStrip::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove: {
         const auto *widget = qobject_cast<const QWidget *>(watched);
-        return m_slide && widget && (widget == d->q || d->q->isAncestorOf(widget));
+        return m_slide && widget && (widget == m_control || m_control->isAncestorOf(widget));
     }
     default:
         return false;
@@ -343,20 +348,20 @@ bool HeaderStrip::eventFilter(QObject *watched, QEvent *event)
 
 void HeaderStrip::barPressed(HeaderBar *bar, QMouseEvent *event)
 {
-    Header *header = d->designMode ? nullptr : headerOf(bar);
+    Header *header = m_look.designMode ? nullptr : headerOf(bar);
     if (!header)
         return;
     if (event->button() == Qt::LeftButton && header->Enabled())
         drawHeader(header, HeaderPressed);
     bar->dragOrigin.reset();
     const QPointF at = event->position();
-    emit d->q->HeaderMouseDown(header, buttonCode(event->button()), shiftCode(event->modifiers()),
+    emit headerMouseDown(header, buttonCode(event->button()), shiftCode(event->modifiers()),
                                float(at.x()), float(at.y()));
 }
 
 void HeaderStrip::barMoved(HeaderBar *bar, QMouseEvent *event)
 {
-    Header *header = d->designMode ? nullptr : headerOf(bar);
+    Header *header = m_look.designMode ? nullptr : headerOf(bar);
     if (!header || !header->Enabled())
         return;
     const int buttons = buttonCode(event->buttons());
@@ -369,8 +374,8 @@ void HeaderStrip::barMoved(HeaderBar *bar, QMouseEvent *event)
         return;
     }
     drawHeader(header, leftDown ? HeaderPressed : HeaderHot);
-    emit d->q->HeaderMouseMove(header, buttons, shiftCode(event->modifiers()), float(at.x()), float(at.y()));
-    if (buttons != LeftButtonBit || d->oleDragMode != qvOLEDragAutomatic)
+    emit headerMouseMove(header, buttons, shiftCode(event->modifiers()), float(at.x()), float(at.y()));
+    if (buttons != LeftButtonBit || m_look.dragMode != qvOLEDragAutomatic)
         return;
     if (!bar->dragOrigin) {
         bar->dragOrigin = at;
@@ -383,68 +388,42 @@ void HeaderStrip::barMoved(HeaderBar *bar, QMouseEvent *event)
 
 void HeaderStrip::barReleased(HeaderBar *bar, QMouseEvent *event)
 {
-    Header *header = d->designMode ? nullptr : headerOf(bar);
+    Header *header = m_look.designMode ? nullptr : headerOf(bar);
     if (!header)
         return;
     const QPointF at = event->position();
     if (event->button() == Qt::LeftButton && header->Enabled()) {
         drawHeader(header, HeaderHot);
         if (inside(bar, at)) {
-            if (header->Index() != d->selectedPosition) {
-                playHeaderSound(header);
-                d->selectHeader(header->Index());
+            if (header->Index() != m_host.openPosition()) {
+                m_host.playHeaderSound(header);
+                m_host.openHeader(header->Index());
             }
-            emit d->q->HeaderClick(header);
+            emit headerClick(header);
         }
     }
-    emit d->q->HeaderMouseUp(header, buttonCode(event->button()), shiftCode(event->modifiers()),
+    emit headerMouseUp(header, buttonCode(event->button()), shiftCode(event->modifiers()),
                              float(at.x()), float(at.y()));
 }
 
 void HeaderStrip::barLeft(HeaderBar *bar)
 {
-    Header *header = d->designMode ? nullptr : headerOf(bar);
+    Header *header = m_look.designMode ? nullptr : headerOf(bar);
     if (header && header->Enabled())
         drawHeader(header, HeaderNormal);
 }
 
-void HeaderStrip::playHeaderSound(const Header *clicked)
+void HeaderStrip::showPointer(int pointer, const QVariant &picture)
 {
-    SoundOutput *output = d->soundOutput.get();
-    if (!output)
-        return;
-    HeaderSoundInput input;
-    input.playSounds = d->playSounds;
-    input.useSystemSounds = d->useSystemSounds;
-    input.builtInLoaded = !builtInHeaderSound().isEmpty();
-    input.upLoaded = d->headerUpSound.loaded;
-    input.downLoaded = d->headerDownSound.loaded;
-    input.clickedPosition = clicked->Index();
-    input.openPosition = d->selectedPosition;
-    switch (chooseHeaderSound(input)) {
-    case HeaderSound::BuiltIn:
-        output->playWave(builtInHeaderSound());
-        break;
-    case HeaderSound::Up:
-        output->playWave(d->headerUpSound.data);
-        break;
-    case HeaderSound::Down:
-        output->playWave(d->headerDownSound.data);
-        break;
-    case HeaderSound::None:
-        break;
+    const std::optional<QCursor> cursor = cursorForPointer(pointer, picture);
+    for (HeaderBar *bar : std::as_const(m_bars)) {
+        if (!bar)
+            continue;
+        if (cursor)
+            bar->setCursor(*cursor);
+        else
+            bar->unsetCursor();
     }
-}
-
-void HeaderStrip::showPointer(int barId, int pointer, const QVariant &picture)
-{
-    HeaderBar *bar = this->bar(barId);
-    if (!bar)
-        return;
-    if (const std::optional<QCursor> cursor = cursorForPointer(pointer, picture))
-        bar->setCursor(*cursor);
-    else
-        bar->unsetCursor();
 }
 
 void HeaderStrip::startDrag(int barId)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/DrawHeader.h"
 #include "control/HeaderBar.h"
 #include "core/OleColor.h"
 
@@ -15,35 +16,75 @@ QT_FORWARD_DECLARE_CLASS(QMouseEvent)
 namespace OrrinQuiver {
 
 class Header;
-class QuiverPrivate;
-struct HeaderLook;
+class Headers;
+class ItemContainer;
+
+// Everything of the control's properties that decides how the strip looks
+// and behaves. The control hands the strip a new one whenever one of them
+// changes.
+struct StripLook
+{
+    qvStyle style = qvStyleOutlook;
+    QFont font;
+    HeaderColors colors;
+    bool showToolTips = true;
+    bool alwaysShowFirstHeader = true;
+    bool smoothScroll = true;
+    bool designMode = false;
+    qvOLEDragMode dragMode = qvOLEDragManual;
+};
 
 // The header strip of one control: the bars, their layout and looks, the
-// slide that opens another header, and what the mouse does over a bar. The
-// control's private part owns it and keeps the state it reads (headers,
-// style, colours, the open position).
+// slide that opens another header, and what the mouse does over a bar. Each
+// bar keeps the one record of its header's bar: its item view and its
+// pointer. What the strip needs of the control beyond its look it asks
+// through Host; what happens on a bar it reports through its signals.
 class HeaderStrip : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit HeaderStrip(QuiverPrivate *control);
+    class Host
+    {
+    public:
+        virtual ~Host() = default;
+        // The position of the open header; 0 while none is open.
+        virtual int openPosition() const = 0;
+        // A click opens the header at `position` (after its sound).
+        virtual void openHeader(int position) = 0;
+        virtual void playHeaderSound(const Header *clicked) = 0;
+        // The control's full layout, which finds the open header again
+        // before it places the strip.
+        virtual void relayout() = 0;
+    };
+
+    // A child of `control` named "HeaderStrip", as are the bars; the headers
+    // are those the control shows.
+    HeaderStrip(QWidget *control, const Headers &headers, Host &host);
     ~HeaderStrip() override;
 
-    // Makes the bar with id `barId` for a new header and puts the header's
-    // item view below every bar, so that sliding bars pass over item views.
-    HeaderBar *addBar(int barId, QWidget *itemView);
-    // Takes the bar away; it is deleted once control returns to the event
-    // loop. Unknown ids are ignored.
+    void setLook(const StripLook &look);
+    const StripLook &look() const { return m_look; }
+
+    // Makes the bar with id `barId` for a new header, showing `pointer` with
+    // `picture`, and puts the header's item view below every bar, so that
+    // sliding bars pass over item views.
+    HeaderBar *addBar(int barId, ItemContainer *itemView, int pointer, const QVariant &picture);
+    // Takes the bar away; it and its item view are deleted once control
+    // returns to the event loop. Unknown ids are ignored.
     void removeBar(int barId);
     // The bar with that id; null for unknown ids.
     HeaderBar *bar(int barId) const;
+    // The item view of a header; null for a header without a bar.
+    ItemContainer *viewOf(const Header *header) const;
+
+    // The height of one bar as the last layout measured it.
+    int headerHeight() const { return m_headerHeight; }
 
     // Measures the bar height, places every bar and item view, and draws
-    // every bar in its normal look (redrawing all of them when the control's
-    // header-redraw flag is set, which it then clears). While a slide runs
-    // this waits: the slide lays the strip out when it ends.
-    void layout();
+    // every bar in its normal look (every one again when `redrawAll`).
+    // While a slide runs this waits: the slide lays the strip out when it ends.
+    void layout(bool redrawAll);
     // Repaints every bar; `force` draws each in its normal look even when it
     // already shows it.
     void repaint(bool force);
@@ -58,19 +99,18 @@ public:
                     OLE_COLOR fore = HeaderBar::DefaultColor);
 
     // Moves the bars from the header at `oldPosition` being open to the one
-    // at `newPosition`, then lays the strip out. The open position must
+    // at `newPosition`, then has the control lay out. The open position must
     // already be `newPosition`. Animated one frame per timer tick when the
-    // control is shown and SmoothScroll is on, else done before returning.
-    // A running slide is finished first.
+    // control is shown and the look's smoothScroll is on, else done before
+    // returning. A running slide is finished first.
     void slide(int oldPosition, int newPosition);
     // Ends a running slide at once, with the positions it would have ended
     // at; nothing when none runs.
     void finishSlide();
     bool isSliding() const { return m_slide != nullptr; }
 
-    // Shows mouse-pointer constant `pointer` over the bar with that id, with
-    // `picture` for the custom pointer; unknown ids are ignored.
-    void showPointer(int barId, int pointer, const QVariant &picture);
+    // Shows mouse-pointer constant `pointer` with `picture` over every bar.
+    void showPointer(int pointer, const QVariant &picture);
 
     // Starts dragging the header of the bar with that id, carrying its key
     // and caption; returns when the drag ends. Unknown ids are ignored.
@@ -86,6 +126,14 @@ public:
     // The data format that carries a dragged header's key.
     static QString headerKeyMimeType();
 
+signals:
+    // Mouse input on a bar, outside design mode (the control's events of the
+    // same names).
+    void headerMouseDown(OrrinQuiver::Header *header, int button, int shift, float x, float y);
+    void headerMouseMove(OrrinQuiver::Header *header, int button, int shift, float x, float y);
+    void headerMouseUp(OrrinQuiver::Header *header, int button, int shift, float x, float y);
+    void headerClick(OrrinQuiver::Header *header);
+
 protected:
     // Holds the mouse off the control and its children while a slide runs.
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -94,13 +142,17 @@ private:
     struct Slide;
 
     Header *headerOf(const HeaderBar *bar) const;
+    QWidget *viewAt(int position) const;
     void refreshRecord(HeaderBar *bar, const Header *header) const;
-    void playHeaderSound(const Header *clicked);
     void nextFrame();
     void applyFrame();
     void endSlide();
 
-    QuiverPrivate *const d;
+    QWidget *const m_control;
+    const Headers &m_headers;
+    Host &m_host;
+    StripLook m_look;
+    int m_headerHeight = 0;
     QHash<int, QPointer<HeaderBar>> m_bars;
     std::unique_ptr<Slide> m_slide;
     QTimer m_frames;

@@ -272,6 +272,14 @@ public:
     // changes nothing.
     Q_INVOKABLE void ApplyStylePreset(OrrinQuiver::qvStyle Style);
 
+    // The control is never narrower than this, in pixels.
+    static constexpr int MinimumWidth = 52;
+    // Room for every bar and a few rows of the open header's items, as wide
+    // as the widest header caption; the minimum holds one row at the least
+    // width.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     // Shown: the last set-up of a loaded control, the layout, a deferred repaint.
     void showEvent(QShowEvent *event) override;

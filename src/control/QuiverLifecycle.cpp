@@ -1,5 +1,4 @@
-// What the control does when it is shown, resized, painted, focused and when a
-// download it started completes.
+// What the control does when it is shown, resized and painted.
 
 #include "control/Quiver.h"
 
@@ -17,44 +16,8 @@
 #include <QtGui/QPainter>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QResizeEvent>
-#include <QtWidgets/QApplication>
 
 namespace OrrinQuiver {
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-// The control is never narrower than this, in pixels.
-constexpr int MinimumWidth = 52;
-
-} // namespace
-
-void QuiverPrivate::trackFocus()
-{
-    focusTracking = QObject::connect(qApp, &QApplication::focusChanged, q, [this](QWidget *, QWidget *now) {
-        const bool inside = now && (now == q || q->isAncestorOf(now));
-        if (inside == hasFocus)
-            return;
-        hasFocus = inside;
-        if (!inside || now != q || !tabStop)
-            return;
-        if (ItemContainer *view = openView())
-            view->setFocus(Qt::OtherFocusReason);
-    });
-}
-
-void QuiverPrivate::asyncReadComplete(const QString &propertyName, const QByteArray &data)
-{
-    Sound *sound = propertyName == u"SoundItemURL" ? &itemSound
-        : propertyName == u"SoundHeaderUpURL"      ? &headerUpSound
-        : propertyName == u"SoundHeaderDownURL"    ? &headerDownSound
-                                                   : nullptr;
-    if (!sound)
-        return;
-    sound->data = data;
-    sound->loaded = true;
-}
 
 void Quiver::showEvent(QShowEvent *event)
 {
@@ -69,7 +32,7 @@ void Quiver::showEvent(QShowEvent *event)
             }
         }
         if (userMode) {
-            Header *open = d->headers->at(d->selectedPosition);
+            Header *open = d->selection->openHeader();
             const ItemContainer *view = d->viewOf(open);
             if (view && view->CurrentItem() >= 1) {
                 if (const Item *item = open->Items()->at(view->CurrentItem()))
@@ -92,14 +55,14 @@ void Quiver::resizeEvent(QResizeEvent *event)
             resize(MinimumWidth, height());
         d->headerRedraw = true;
         d->layoutStrip();
-        d->repaintHeaderStrip(true);
+        d->strip->repaint(true);
     });
 }
 
 void Quiver::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.fillRect(event->rect(), translateColor(d->backColor, palette()));
+    painter.fillRect(event->rect(), translateColor(d->settings.backColor, palette()));
 }
 
 } // namespace OrrinQuiver

@@ -1,25 +1,26 @@
 #pragma once
 
+#include "control/HeaderSelection.h"
+#include "control/HeaderStrip.h"
+#include "control/PropertyTable.h"
+#include "control/QuiverSounds.h"
 #include "control/Quiver.h"
-#include "platform/MousePointer.h"
 #include "model/ControlLink.h"
+#include "platform/MousePointer.h"
 
-#include <QtCore/QByteArray>
-#include <QtCore/QHash>
 #include <QtCore/QPointer>
 
+#include <algorithm>
 #include <memory>
 #include <type_traits>
+#include <variant>
 
-QT_FORWARD_DECLARE_CLASS(QNetworkAccessManager)
 QT_FORWARD_DECLARE_CLASS(QTimer)
 
 namespace OrrinQuiver {
 
-class HeaderStrip;
 class ItemContainer;
 struct ItemLook;
-class SoundOutput;
 class XmlDocumentFormat;
 
 // Runs `work` under the control's error convention: whatever goes wrong ends
@@ -36,32 +37,16 @@ auto quietly(Work &&work) noexcept -> std::invoke_result_t<Work>
     }
 }
 
-// The state of a Quiver and the operations its properties and the content
-// model share. Also the control's side of the content model's ControlLink.
-class QuiverPrivate : public ControlLink
+// The state of a Quiver and what its rooms share: the content model's
+// ControlLink, the strip's host, and the item views as header selection sees
+// them.
+class QuiverPrivate : public ControlLink, public HeaderStrip::Host, public HeaderSelection::OpenViews
 {
 public:
     explicit QuiverPrivate(Quiver *control);
     ~QuiverPrivate() override;
 
     static QuiverPrivate *get(Quiver *control) { return control->d.get(); }
-
-    // What the control keeps for one header bar besides the bar widget,
-    // which the header strip owns.
-    struct HeaderBar
-    {
-        QPointer<ItemContainer> view;
-        int pointer = MousePointer::Custom;
-        QVariant icon;
-    };
-
-    // A sound fetched from a location the host gave.
-    struct Sound
-    {
-        QString url;
-        QByteArray data;
-        bool loaded = false;
-    };
 
     // ControlLink
     OrrinQuiver::Headers *headerCollection() const override;
@@ -81,73 +66,65 @@ public:
     void loadUrlIcon(const QString &url, bool large) override;
     const DocumentFormat *documentFormat() const override;
 
+    // HeaderStrip::Host (openHeader above)
+    int openPosition() const override;
+    void playHeaderSound(const Header *clicked) override;
+    void relayout() override;
+
+    // HeaderSelection::OpenViews
+    bool isActive(const Header *header) const override;
+    void setActive(const Header *header, bool active) override;
+    void setCurrentItem(const Header *header, qint16 index) override;
+
     void notify(const QString &name);
-    // Stores `value` in `field` when they differ; true when it did.
+
+    // The routine setter of a table row: compares, clamps, stores, runs the
+    // row's effects and notifies, as the row says.
     template<typename T>
-    bool change(T &field, const T &value)
-    {
-        if (field == value)
-            return false;
-        field = value;
-        return true;
-    }
-    // What a colour used by items and bars alike does once stored: item
-    // views redraw, the strip repaints, then the change is announced as `name`.
-    void recolorItems(const QString &name);
-    // What a colour of the bars does once stored: the layout runs (redrawing
-    // every bar first when `redrawAll`), the strip repaints, then the change
-    // is announced as `name`.
-    void restyleHeaders(bool redrawAll, const QString &name);
-    // Every header's item view takes the current item look and redraws all
-    // of its items.
-    void redrawItemViews();
-    // What the bar's properties make of every item: style, colours, font,
-    // the two item switches and the image lists.
+    void assign(PropertyTable::Property property, T value);
+    // The effects of a change (PropertyTable::Effect), in their fixed order.
+    void applyEffects(unsigned effects);
+    // A row's current value, and assigning one through the row's setter.
+    QVariant value(PropertyTable::Property property) const;
+    void setValue(PropertyTable::Property property, const QVariant &value);
+    // A table value: a number, another row's current value, or the
+    // control's own default for the row's type.
+    QVariant tableValue(PropertyTable::Property property, const PropertyTable::Value &value) const;
+    // Gives every row a newly placed control's value, as InitProperties does.
+    void initProperties();
+
+    // What the bar's properties make of every item and of the strip.
     ItemLook itemLook() const;
-    // Hands every header's item view the current item look.
-    void restyleItemViews();
-    // Repaints every header bar; `force` makes each one draw even when its
-    // look has not changed.
-    void repaintHeaderStrip(bool force);
-    // The full layout of the strip: finds the open header, measures the header
-    // height, shows the open header's item view and hides the others, and repaints every bar when the
-    // header-redraw flag asks for it (clearing the flag).
+    StripLook stripLook() const;
+    // Every header's item view takes the current item look; `redraw` also
+    // redraws all of their items.
+    void restyleItemViews(bool redraw);
+    // The full layout of the strip: finds the open header, tells the views
+    // their positions, places bars and views, and draws every bar again when
+    // the header-redraw flag asks for it (clearing the flag).
     void layoutStrip();
-    // The open header is the one whose item view is active. Adding, removing
-    // and moving headers change its position, not which header is open; this
-    // finds the position again. When the open header itself was removed, the
-    // visible header nearest its place opens.
-    void findOpenHeader();
-    // Opens the header at `requested`, moved to a visible header.
+    // Opens the header at `requested`, moved to a visible header, with the
+    // slide; the open header's view takes the focus when the control passes
+    // it on.
     void selectHeader(int requested);
-    // The visible position that a request for `requested` opens; 0 when no
-    // header is visible.
-    int visiblePositionFor(int requested) const;
     // Opens the place that the history moved to, without recording it again.
     void followHistory(const QString &headerKey, const QString &itemKey);
 
     ItemContainer *viewOf(const Header *header) const;
-    ItemContainer *viewAt(int position) const;
     ItemContainer *openView() const;
     // The item views of all headers, in position order.
     QList<ItemContainer *> views() const;
 
-    void applyArrowInterval();
+    // Stores a sound location, announces it and fetches the sound; an
+    // unchanged location does nothing.
+    void setSoundUrl(QuiverSounds::Kind kind, const QString &url);
     // Shows the refusal of a picture that is not a pointer, in design mode only.
     void refusePicture();
-    void setSoundUrl(Sound &sound, const QString &url, const QString &name);
 
-    // Lifecycle (QuiverLifecycle.cpp).
     // Follows the application's focus: the focus flag is set while the focus
     // is on the control or inside it, and with the tab-stop flag set the focus
     // that the control itself receives goes on to the open item view.
     void trackFocus();
-    // The connection trackFocus made; the control ends it before its private
-    // state goes, since deleting children moves the focus one last time.
-    QMetaObject::Connection focusTracking;
-    // Stores what a download started under a property's name brought: the
-    // three sound locations fill their sounds; other names are not sounds.
-    void asyncReadComplete(const QString &propertyName, const QByteArray &data);
 
     Quiver *const q;
     OrrinQuiver::Headers *headers = nullptr;
@@ -155,21 +132,28 @@ public:
     QTimer *flashTimer = nullptr;
     QTimer *arrowTimer = nullptr;
     QTimer *redrawTimer = nullptr;
+    // Rooms that are children of the control.
+    QuiverSounds *sounds = nullptr;
+    HeaderStrip *strip = nullptr;
+
+    QuiverSettings settings;
 
     // The font a new control starts with and the built-in header pointer.
     QFont defaultFont;
     QVariant defaultHeaderCursor;
 
-    // The header bars by bar id; the template gives a new bar its pointer.
-    QHash<int, HeaderBar> bars;
-    HeaderBar templateBar;
-    int nextBarId = 1;
+    // The header bars' pointer; every bar shows it.
+    int headerPointer = MousePointer::Custom;
+    QVariant headerIcon;
     // What a new item view starts with, and what ItemMousePointer and
     // ItemMouseIcon read back.
     int itemPointer = MousePointer::Arrow;
     QVariant itemIcon;
+    int nextBarId = 1;
 
-    int selectedPosition = 0;
+    QPointer<QObject> icons;
+    QPointer<QObject> smallIcons;
+
     bool headerRedraw = false;
     bool tabStop = false;
     bool designMode = false;
@@ -180,59 +164,35 @@ public:
     bool userModeAtRead = true;
     // Set while a resize runs, which itself may resize the control.
     bool resizing = false;
-    // Set while the history opens a place, which must not be recorded again.
-    bool followingHistory = false;
-    // The measured height of one header bar.
-    int headerHeight = 0;
+    // The connection trackFocus made; the control ends it before its private
+    // state goes, since deleting children moves the focus one last time.
+    QMetaObject::Connection focusTracking;
 
-    qvStyle style = qvStyleOutlook;
-    bool alwaysShowFirstHeader = true;
-    bool autoMouseWheel = false;
-    bool playSounds = true;
-    bool useSystemSounds = true;
-    bool smoothScroll = true;
-    bool showToolTips = true;
-    bool itemsMoveWithClick = false;
-    bool itemsStayDownWithClick = false;
-    bool itemsUnderlineOnMove = false;
-    int scrollDelay = 120;
-    qvOLEDragMode oleDragMode = qvOLEDragManual;
-    qvOLEDropMode oleDropMode = qvOLEDropNone;
-
-    OLE_COLOR backColor = SystemColors::ButtonShadow;
-    OLE_COLOR checkColor = SystemColors::ButtonFace;
-    OLE_COLOR defaultMaskColor = rgbColor(192, 192, 192);
-    OLE_COLOR dkShadowColor = SystemColors::ButtonDarkShadow;
-    OLE_COLOR shadowColor = SystemColors::ButtonShadow;
-    OLE_COLOR highlightColor = SystemColors::ButtonHighlight;
-    OLE_COLOR headerBackColor = SystemColors::ButtonFace;
-    OLE_COLOR headerForeColor = SystemColors::ButtonText;
-    OLE_COLOR headerOverForeColor = SystemColors::ButtonText;
-    OLE_COLOR itemForeColorValue = SystemColors::Window;
-    OLE_COLOR itemOverForeColor = SystemColors::Window;
-    OLE_COLOR itemOverBackColor = SystemColors::ButtonShadow;
-    OLE_COLOR itemDownBackColor = SystemColors::ButtonShadow;
-    OLE_COLOR itemDownForeColor = SystemColors::Window;
-
-    QPointer<QObject> icons;
-    QPointer<QObject> smallIcons;
-
-    // The built-in header click, loaded when the control is made.
-    Sound defaultSound;
-    Sound itemSound;
-    Sound headerUpSound;
-    Sound headerDownSound;
-    // The bars, their layout, the slide and the bars' mouse behaviour.
-    std::unique_ptr<HeaderStrip> strip;
-    // Where click sounds go; none plays nothing.
-    std::unique_ptr<SoundOutput> soundOutput;
-
+    std::unique_ptr<HeaderSelection> selection;
     // The header and history documents the model's XML members write and read.
     std::unique_ptr<XmlDocumentFormat> documents;
-
-    // Declared last so that it goes first: a fetch it aborts still finds the
-    // sounds in place.
-    std::unique_ptr<QNetworkAccessManager> network;
 };
+
+template<typename T>
+void QuiverPrivate::assign(PropertyTable::Property property, T value)
+{
+    const PropertyTable::Row &row = PropertyTable::row(property);
+    if constexpr (std::is_same_v<T, int>) {
+        if (row.minimum <= row.maximum)
+            value = std::clamp(value, row.minimum, row.maximum);
+    }
+    T &field = settings.*std::get<T QuiverSettings::*>(row.field);
+    if (field == value) {
+        if (row.effects & PropertyTable::IfChanged)
+            return;
+        if (row.effects & PropertyTable::EffectsIfChanged) {
+            notify(QLatin1String(row.name));
+            return;
+        }
+    }
+    field = value;
+    applyEffects(row.effects);
+    notify(QLatin1String(row.name));
+}
 
 } // namespace OrrinQuiver

@@ -17,12 +17,23 @@ target_sources(OrrinQuiverObjects
 # The built-in header click (made by scripts/make_folder_sound.py).
 target_sources(OrrinQuiverObjects PRIVATE control/resources/sounds.qrc)
 
-# The control itself: its property set, lifecycle, the process-wide
-# resources and the style presets.
+# The control in rooms: the widget and its public surface, what the rooms
+# share, the property table, header selection, sounds, persistence and the
+# lifecycle events; the process-wide resources and the style presets.
 target_sources(OrrinQuiverObjects
     PRIVATE
+        control/HeaderSelection.cpp
+        control/HeaderSelection.h
+        control/PropertyTable.cpp
+        control/PropertyTable.h
         control/Quiver.cpp
+        control/QuiverLifecycle.cpp
+        control/QuiverPersistence.cpp
+        control/QuiverPersistence.h
+        control/QuiverPrivate.cpp
         control/Quiver_p.h
+        control/QuiverSounds.cpp
+        control/QuiverSounds.h
         control/modQuiver.cpp
         control/modQuiver.h
         control/StylePreset.cpp)
@@ -32,9 +43,3 @@ orrinquiver_public_headers(
 # Quiver::Version() reports the project's version.
 set_source_files_properties(control/modQuiver.cpp PROPERTIES COMPILE_DEFINITIONS
     "ORRINQUIVER_VERSION_MAJOR=${PROJECT_VERSION_MAJOR};ORRINQUIVER_VERSION_MINOR=${PROJECT_VERSION_MINOR};ORRINQUIVER_VERSION_PATCH=${PROJECT_VERSION_PATCH}")
-
-# Saving to and restoring from property bags; showing, resizing and focus.
-target_sources(OrrinQuiverObjects
-    PRIVATE
-        control/QuiverLifecycle.cpp
-        control/QuiverPersistence.cpp)

@@ -1,6 +1,7 @@
 #include "control/Quiver.h"
-#include "control/Quiver_p.h"
+#include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
+#include "model/ControlLink.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Item.h"
@@ -450,7 +451,7 @@ void tst_Quiver::selectHeader()
     addHeaders(bar, shown);
     // The content model's way in: a header's Selected passes its own Index,
     // the history and the loaders pass any position.
-    ControlLink *link = QuiverPrivate::get(&bar);
+    ControlLink *link = bar.Headers()->control();
     link->openHeader(start);
     QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
@@ -541,8 +542,8 @@ void tst_Quiver::selectItemRecordsAndNotifies()
     QCOMPARE(bar.Navigation()->CurrentPosition(), 1);
 
     spy.clear();
-    QuiverPrivate::get(&bar)->selectItem(3);
-    QuiverPrivate::get(&bar)->selectItem(0);
+    bar.Headers()->control()->selectItem(3);
+    bar.Headers()->control()->selectItem(0);
     QCOMPARE(spy.count(), 0);
     QCOMPARE(bar.SelectedItem(), b);
     QCOMPARE(bar.Navigation()->CurrentPosition(), 1);
@@ -593,7 +594,7 @@ void tst_Quiver::soundFetched()
     file.write("RIFF-sound");
     file.close();
     Bar bar;
-    const QuiverPrivate::Sound &sound = QuiverPrivate::get(&bar)->itemSound;
+    const QuiverSounds::Sound &sound = bar.findChild<QuiverSounds *>()->sound(QuiverSounds::ItemSound);
 
     bar.setSoundItemURL(QUrl::fromLocalFile(file.fileName()).toString());
     QTRY_VERIFY(sound.loaded);

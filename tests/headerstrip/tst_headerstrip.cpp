@@ -5,9 +5,10 @@
 #include "control/HeaderGeometry.h"
 #include "control/HeaderStrip.h"
 #include "control/Quiver.h"
-#include "control/Quiver_p.h"
+#include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
+#include "model/ControlLink.h"
 #include "model/Headers.h"
 #include "platform/SlideMover.h"
 #include "platform/SystemColors.h"
@@ -42,11 +43,11 @@ std::unique_ptr<Quiver> makeBar(int count, qvStyle style = qvStyleOutlook)
     q->show();
     if (!QTest::qWaitForWindowExposed(q.get()))
         return nullptr;
-    QuiverPrivate::get(q.get())->layoutStrip();
+    q->Headers()->control()->relayoutStrip();
     return q;
 }
 
-HeaderStrip *stripOf(Quiver *q) { return QuiverPrivate::get(q)->strip.get(); }
+HeaderStrip *stripOf(Quiver *q) { return q->findChild<HeaderStrip *>(); }
 
 HeaderBar *barAt(Quiver *q, int position) { return stripOf(q)->bar(q->Headers()->at(position)->barId()); }
 
@@ -54,21 +55,21 @@ HeaderBar *barAt(Quiver *q, int position) { return stripOf(q)->bar(q->Headers()-
 // the control as it stands.
 void checkPlaced(Quiver *q)
 {
-    QuiverPrivate *d = QuiverPrivate::get(q);
+    const int open = q->Headers()->control()->selectedHeaderPosition();
     const int count = q->Headers()->Count();
     // A header's Index may lag behind its position after a removal at the end.
     const HeaderGeometry::StripLayout expected = HeaderGeometry::layoutStrip(
-        { q->Style(), Width, Height, q->HeaderHeight() - 1, QList<bool>(count, true), d->selectedPosition,
+        { q->Style(), Width, Height, q->HeaderHeight() - 1, QList<bool>(count, true), open,
           q->AlwaysShowFirstHeader() });
     for (int p = 1; p <= count; ++p) {
         QCOMPARE(barAt(q, p)->geometry(), expected.bars.at(p - 1).rect);
         QCOMPARE(barAt(q, p)->isVisibleTo(q), expected.bars.at(p - 1).visible);
-        const QWidget *view = d->viewAt(p);
-        QCOMPARE(view->isVisibleTo(q), p == d->selectedPosition);
+        const QWidget *view = stripOf(q)->viewOf(q->Headers()->at(p));
+        QCOMPARE(view->isVisibleTo(q), p == open);
         QCOMPARE(view->x(), expected.viewLeft);
         QCOMPARE(view->width(), expected.viewWidth);
     }
-    QCOMPARE(d->openView()->geometry(), expected.openView);
+    QCOMPARE(stripOf(q)->viewOf(q->SelectedHeader())->geometry(), expected.openView);
 }
 
 QPoint middle(const QWidget *w) { return QPoint(w->width() / 2, w->height() / 2); }
@@ -273,13 +274,13 @@ void tst_HeaderStrip::sounds()
     q->Headers()->at(from)->setSelected(true);
     q->setPlaySounds(play);
     q->setUseSystemSounds(system);
-    QuiverPrivate *d = QuiverPrivate::get(q.get());
+    auto *control = q->findChild<QuiverSounds *>();
     auto *sounds = new RecordingSoundOutput;
-    d->soundOutput.reset(sounds);
-    d->headerUpSound.data = "UP";
-    d->headerUpSound.loaded = loaded;
-    d->headerDownSound.data = "DOWN";
-    d->headerDownSound.loaded = loaded;
+    control->setOutput(std::unique_ptr<SoundOutput>(sounds));
+    if (loaded) {
+        control->downloadComplete(QStringLiteral("SoundHeaderUpURL"), "UP");
+        control->downloadComplete(QStringLiteral("SoundHeaderDownURL"), "DOWN");
+    }
 
     QTest::mouseClick(barAt(q.get(), target), Qt::LeftButton, {}, QPoint(10, 5));
     QCOMPARE(q->SelectedHeader(), q->Headers()->at(target));
@@ -358,7 +359,7 @@ void tst_HeaderStrip::slideInterrupted()
 
     // Whatever happened meanwhile, the bars end where the layout puts them.
     checkPlaced(q.get());
-    QVERIFY(QuiverPrivate::get(q.get())->openView()->isVisible());
+    QVERIFY(stripOf(q.get())->viewOf(q->SelectedHeader())->isVisible());
 
     // The mouse reaches the bars again.
     QTest::mouseClick(barAt(q.get(), 1), Qt::LeftButton, {}, QPoint(10, 5));

@@ -1,5 +1,5 @@
 #include "control/Quiver.h"
-#include "control/Quiver_p.h"
+#include "control/QuiverSounds.h"
 #include "control/modQuiver.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
@@ -95,7 +95,7 @@ void tst_Lifecycle::show()
     control.setDesignMode(readInDesigner);
     control.ReadProperties(MemoryPropertyBag(TwoItems));
     control.setDesignMode(shownInDesigner);
-    ItemContainer *view = QuiverPrivate::get(&control)->openView();
+    auto *view = static_cast<ItemContainer *>(control.SelectedHeader()->itemView());
     view->setDesignMode(true);
     control.Navigation()->Clear();
     control.show();
@@ -106,7 +106,7 @@ void tst_Lifecycle::show()
     const bool leftDesignMode = readInDesigner && !shownInDesigner;
     QCOMPARE(view->DesignMode(), !leftDesignMode);
     QCOMPARE(control.SmoothScroll(), !leftDesignMode);
-    QVERIFY(QuiverPrivate::get(&control)->redrawTimer->isActive());
+    QVERIFY(control.findChild<QTimer *>(QStringLiteral("RedrawTimer"))->isActive());
 }
 
 void tst_Lifecycle::sharedResources()
@@ -144,17 +144,18 @@ void tst_Lifecycle::soundDownloads()
     wave.close();
 
     Quiver control;
-    QuiverPrivate *d = QuiverPrivate::get(&control);
-    QVERIFY(d->defaultSound.loaded);
-    QCOMPARE(d->defaultSound.data, modQuiver::folderSound());
+    const auto *sounds = control.findChild<QuiverSounds *>();
+    QVERIFY(sounds->sound(QuiverSounds::BuiltInSound).loaded);
+    QCOMPARE(sounds->sound(QuiverSounds::BuiltInSound).data, modQuiver::folderSound());
     control.setProperty(property.constData(), QUrl::fromLocalFile(wave.fileName()).toString());
     // Only the sound whose address was set loads, and it loads the file.
     int loaded = 0;
-    for (QuiverPrivate::Sound *sound : { &d->itemSound, &d->headerUpSound, &d->headerDownSound }) {
-        if (sound->url.isEmpty())
+    for (auto kind : { QuiverSounds::ItemSound, QuiverSounds::HeaderUpSound, QuiverSounds::HeaderDownSound }) {
+        const QuiverSounds::Sound &sound = sounds->sound(kind);
+        if (sound.url.isEmpty())
             continue;
-        QTRY_VERIFY(sound->loaded);
-        QCOMPARE(sound->data, modQuiver::folderSound());
+        QTRY_VERIFY(sound.loaded);
+        QCOMPARE(sound.data, modQuiver::folderSound());
         ++loaded;
     }
     QCOMPARE(loaded, 1);
@@ -201,14 +202,13 @@ void tst_Lifecycle::focus()
     control->setGeometry(0, 30, 120, 300);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QuiverPrivate *d = QuiverPrivate::get(control);
 
     // With the tab-stop flag, the focus the control gets goes on to the open item view.
     control->setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(d->openView()));
-    QVERIFY(d->hasFocus);
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(
+                                                  static_cast<ItemContainer *>(control->SelectedHeader()->itemView())));
     other->setFocus();
-    QTRY_VERIFY(!d->hasFocus);
+    QTRY_COMPARE(QApplication::focusWidget(), other);
 }
 
 QTEST_MAIN(tst_Lifecycle)
