@@ -57,6 +57,13 @@ check_install() {
     env -u LD_LIBRARY_PATH QT_QPA_PLATFORM=offscreen "$build/example-host/quiver-host"
     env -u LD_LIBRARY_PATH QT_QPA_PLATFORM=offscreen "$stage/bin/quiver" render \
         "$here/tests/serialize/fixtures/control-201.xml" --out "$build/stage-render.png"
+    local plugin
+    for plugin in $(find "$stage" -path '*/designer/*.so'); do
+        if env -u LD_LIBRARY_PATH ldd "$plugin" | grep 'not found'; then
+            echo "$plugin does not find its libraries" >&2
+            return 1
+        fi
+    done
 }
 
 # The same suite built by clang with AddressSanitizer, UndefinedBehaviorSanitizer

@@ -5,6 +5,7 @@ target_sources(OrrinQuiverObjects
         itemview/ItemContainer.cpp
         itemview/ItemContainer.h
         itemview/ItemContainer_p.h
+        itemview/ItemContainerChildren.cpp
         itemview/ItemContainerInput.cpp
         itemview/ItemLayout.cpp
         itemview/ItemLayout.h
