@@ -256,20 +256,13 @@ private slots:
         QFETCH(int, offset);
         QFETCH(int, scrolled);
         QFETCH(int, expected);
-        Quiver bar;
-        bar.InitProperties();
-        bar.resize(150, 400);
-        bar.show();
-        Header *header = bar.Headers()->at(1);
-        for (int i = 0; i < 3; ++i)
-            header->Items()->Add();
-        auto *view = dynamic_cast<ItemContainer *>(header->itemView());
-        QVERIFY(view);
+        Bar bar;
+        QVERIFY(bar.ready());
         for (int step = 0; step < scrolled; ++step)
-            view->Scroll(1, false);
-        const int y = view->y() + rows * view->itemRect(1).height() + offset;
-        QCOMPARE(bar.HitTest(x, y), header->Items()->at(expected));
-        QCOMPARE(bar.GetFirstVisible(), header->Items()->at(scrolled + 1));
+            bar.view->Scroll(1, false);
+        const int y = bar.view->y() + rows * bar.view->itemRect(1).height() + offset;
+        QCOMPARE(bar.quiver->HitTest(x, y), bar.items->at(expected));
+        QCOMPARE(bar.quiver->GetFirstVisible(), bar.items->at(scrolled + 1));
     }
 
     void barHandsViewsItsLook_data()
