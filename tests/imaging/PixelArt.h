@@ -6,10 +6,14 @@
 // highlight, _ a transparent pixel; p, r and v are red mixed half and half
 // with the classic highlight, with white and with blue.
 
+#include "core/OleColor.h"
+
 #include <QtCore/QStringList>
 #include <QtGui/QImage>
 
 namespace PixelArt {
+
+constexpr OrrinQuiver::OLE_COLOR Mask = OrrinQuiver::rgbColor(255, 0, 255);
 
 inline const QList<std::pair<char, QRgb>> Inks = {
     {'R', 0xFFFF0000u}, {'G', 0xFF00FF00u}, {'B', 0xFF0000FFu}, {'K', 0xFF000000u},

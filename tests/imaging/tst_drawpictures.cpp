@@ -16,7 +16,6 @@ Q_DECLARE_METATYPE(Paint)
 
 namespace {
 
-constexpr OLE_COLOR Mask = rgbColor(255, 0, 255);
 constexpr OLE_COLOR Red = rgbColor(255, 0, 0);
 constexpr OLE_COLOR Green = rgbColor(0, 255, 0);
 
@@ -54,9 +53,8 @@ class tst_DrawPictures : public QObject
 private slots:
     void paints_data();
     void paints();
-    void drawShadow_data();
-    void drawShadow();
-    void transparentWithShadow();
+    void shadows_data();
+    void shadows();
 
 private:
     clsDrawPictures pics{classicPalette()};
@@ -145,39 +143,39 @@ void tst_DrawPictures::paints()
     QCOMPARE(letters(target), expected);
 }
 
-void tst_DrawPictures::drawShadow_data()
+// The shadow alone, drawn at (2, 3), or under its picture drawn at (0, 0).
+void tst_DrawPictures::shadows_data()
 {
     QTest::addColumn<QImage>("source");
+    QTest::addColumn<bool>("underPicture");
     QTest::addColumn<int>("count");
     QTest::addColumn<QRect>("bounds");
 
-    QTest::newRow("block over the centre") << blocks({QRect(10, 10, 8, 8)}) << 64 << QRect(12, 13, 8, 8);
-    QTest::newRow("transparent centre floods nothing") << blocks({QRect(0, 0, 5, 5)}) << 0 << QRect();
-    QTest::newRow("only what touches the centre, not diagonally") << blocks({QRect(12, 12, 5, 5), QRect(17, 17, 3, 3)}) << 25 << QRect(14, 15, 5, 5);
+    const QImage centre = blocks({QRect(10, 10, 8, 8)});
+    QTest::newRow("block over the centre") << centre << false << 64 << QRect(12, 13, 8, 8);
+    QTest::newRow("transparent centre floods nothing") << blocks({QRect(0, 0, 5, 5)}) << false << 0 << QRect();
+    QTest::newRow("only what touches the centre, not diagonally")
+        << blocks({QRect(12, 12, 5, 5), QRect(17, 17, 3, 3)}) << false << 25 << QRect(14, 15, 5, 5);
+    QTest::newRow("under its picture") << centre << true << 64 - 6 * 6 << QRect(12, 12, 8, 8);
 }
 
-void tst_DrawPictures::drawShadow()
+void tst_DrawPictures::shadows()
 {
     QFETCH(QImage, source);
+    QFETCH(bool, underPicture);
     QFETCH(int, count);
     QFETCH(QRect, bounds);
     QImage target = canvas(24, 24);
     QPainter painter(&target);
-    pics.DrawShadow(painter, 2, 3, source, Mask, SystemColors::ButtonShadow);
+    if (underPicture)
+        pics.PaintTransparentDC(painter, QRect(0, 0, 20, 20), source, source.rect(), Mask, {.Shadow = true});
+    else
+        pics.DrawShadow(painter, 2, 3, source, Mask, SystemColors::ButtonShadow);
     painter.end();
+    const int red = underPicture ? 64 : 0;
     QCOMPARE(find(target, 'S'), std::make_pair(count, bounds));
-    QCOMPARE(find(target, 'Y').first, 24 * 24 - count);
-}
-
-void tst_DrawPictures::transparentWithShadow()
-{
-    QImage target = canvas(22, 22);
-    QPainter painter(&target);
-    const QImage source = blocks({QRect(10, 10, 8, 8)});
-    pics.PaintTransparentDC(painter, QRect(0, 0, 20, 20), source, source.rect(), Mask, {.Shadow = true});
-    painter.end();
-    QCOMPARE(find(target, 'R'), std::make_pair(64, QRect(10, 10, 8, 8)));
-    QCOMPARE(find(target, 'S'), std::make_pair(64 - 6 * 6, QRect(12, 12, 8, 8)));
+    QCOMPARE(find(target, 'R'), std::make_pair(red, underPicture ? QRect(10, 10, 8, 8) : QRect()));
+    QCOMPARE(find(target, 'Y').first, 24 * 24 - count - red);
 }
 
 QTEST_MAIN(tst_DrawPictures)
