@@ -162,9 +162,7 @@ void tst_StylePreset::keptStyle_data()
     QTest::addColumn<bool>("refuse");
     QTest::addColumn<int>("expectedStyle");
     QTest::addColumn<OLE_COLOR>("expectedBack");
-    QTest::newRow("taken") << 0 << 3 << false << 3 << rgbColor(222, 219, 214);
     QTest::newRow("refused, WindowsXP kept") << 3 << 0 << true << 3 << rgbColor(222, 219, 214);
-    QTest::newRow("refused, Windows2000 kept") << 1 << 2 << true << 1 << Shadow;
     QTest::newRow("refused, unknown style kept") << 7 << 1 << true << 7 << Kept;
     QTest::newRow("asked for an unknown style") << 2 << 5 << false << 2 << Kept;
     QTest::newRow("asked for a negative style") << 2 << -1 << false << 2 << Kept;
