@@ -27,19 +27,16 @@ protected:
     bool event(QEvent *event) override
     {
         const QString type = QString::fromLatin1(QMetaEnum::fromType<QEvent::Type>().valueToKey(event->type()));
+        const auto number = [](int n) { return QString::number(n); };
         if (auto *mouse = dynamic_cast<QMouseEvent *>(event)) {
+            const QPoint at = mouse->position().toPoint();
             *m_log << QStringLiteral("%1 %2 %3,%4 button %5 buttons %6")
-                          .arg(objectName(), type)
-                          .arg(mouse->position().x())
-                          .arg(mouse->position().y())
-                          .arg(int(mouse->button()))
-                          .arg(int(mouse->buttons()));
+                          .arg(objectName(), type, number(at.x()), number(at.y()), number(mouse->button()),
+                               number(int(mouse->buttons())));
         } else if (auto *wheel = dynamic_cast<QWheelEvent *>(event)) {
+            const QPoint at = wheel->position().toPoint();
             *m_log << QStringLiteral("%1 Wheel %2,%3 delta %4")
-                          .arg(objectName())
-                          .arg(wheel->position().x())
-                          .arg(wheel->position().y())
-                          .arg(wheel->angleDelta().y());
+                          .arg(objectName(), number(at.x()), number(at.y()), number(wheel->angleDelta().y()));
             return false;
         } else if (auto *key = dynamic_cast<QKeyEvent *>(event); key && event->type() == QEvent::KeyPress) {
             if (!QList{Qt::Key_Control, Qt::Key_Shift}.contains(key->key()))

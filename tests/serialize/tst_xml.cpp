@@ -160,8 +160,7 @@ void tst_Xml::colorToText_data()
     QTest::newRow("red first, digits padded") << quint32(0x0A0B0C) << "#0C0B0A";
     QTest::newRow("button face from the palette") << quint32(SystemColors::ButtonFace) << "#123456";
     QTest::newRow("dark shadow resolved") << quint32(SystemColors::ButtonDarkShadow) << "#404040";
-    QTest::newRow("active caption, no palette role")
-        << quint32(SystemColors::ActiveCaption) << "#0A246A";
+    QTest::newRow("active caption, no palette role") << quint32(SystemColors::ActiveCaption) << "#0A246A";
     QTest::newRow("system colour 0 is black") << quint32(0x80000000) << "#000000";
     QTest::newRow("unknown system colour is black") << quint32(0x80000100) << "#000000";
     QTest::newRow("extra digits go to blue") << quint32(0x01FFFFFF) << "#FFFF1FF";
