@@ -85,15 +85,16 @@ void tst_ScriptErrors::throwsIntoScript_data()
     QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("expected");
 
-    const QString caught = QStringLiteral("try { %1; 'not thrown' } catch (e) { e.number + '|' + e.message }");
-    const QString invalid = QString::number(qvErrorXMLInvalidContent) + QStringLiteral("|Invalid XML content supplied");
-    QTest::newRow("method, caught") << caught.arg("raiser.Raise(-2147216638)") << "-2147216638|raised -2147216638";
-    QTest::newRow("property write, caught") << caught.arg("raiser.Text = 'bad text'") << "-2147216639|bad text";
-    QTest::newRow("an Error object") << "try { raiser.Raise(1) } catch (e) { String(e instanceof Error) }"
-                                     << "true";
+    // Caught as an Error object with the error's number and description.
+    const QString caught = QStringLiteral(
+        "try { %1; 'not thrown' } catch (e) { (e instanceof Error) + '|' + e.number + '|' + e.message }");
+    const QString invalid = "true|" + QString::number(qvErrorXMLInvalidContent) + "|Invalid XML content supplied";
+    QTest::newRow("method") << caught.arg("raiser.Raise(-2147216638)") << "true|-2147216638|raised -2147216638";
+    QTest::newRow("property write") << caught.arg("raiser.Text = 'bad text'") << "true|-2147216639|bad text";
     QTest::newRow("the rest of the try block is skipped")
         << "var after = 'no'; try { raiser.Raise(1); after = 'yes' } catch (e) {} after" << "no";
     QTest::newRow("uncaught ends the script") << "raiser.Raise(7); 'went on'" << "Error: raised 7";
+    QTest::newRow("Quiver.XML, not a document of the control") << caught.arg("q.XML = '<quiver/>'") << invalid;
     QTest::newRow("Header.XML, text that does not parse")
         << caught.arg("q.Headers.Item(1).XML = 'not xml'") << invalid;
     QTest::newRow("Header.XML, no header element")
@@ -104,7 +105,7 @@ void tst_ScriptErrors::throwsIntoScript_data()
         << caught.arg("var h = q.Headers.Item(1); h.Items.Add(0, 'k'); h.XML = h.XML") << "not thrown";
     QTest::newRow("Navigation.HistoryXML")
         << caught.arg("history.HistoryXML")
-        << QString::number(qvErrorXMLParserNotPresent) + "|MSXML or MSXML3 not found during XML operation";
+        << "true|" + QString::number(qvErrorXMLParserNotPresent) + "|MSXML or MSXML3 not found during XML operation";
 }
 
 void tst_ScriptErrors::throwsIntoScript()

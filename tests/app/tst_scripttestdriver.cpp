@@ -27,19 +27,16 @@ protected:
     bool event(QEvent *event) override
     {
         const QString type = QString::fromLatin1(QMetaEnum::fromType<QEvent::Type>().valueToKey(event->type()));
+        const auto number = [](int n) { return QString::number(n); };
         if (auto *mouse = dynamic_cast<QMouseEvent *>(event)) {
+            const QPoint at = mouse->position().toPoint();
             *m_log << QStringLiteral("%1 %2 %3,%4 button %5 buttons %6")
-                          .arg(objectName(), type)
-                          .arg(mouse->position().x())
-                          .arg(mouse->position().y())
-                          .arg(int(mouse->button()))
-                          .arg(int(mouse->buttons()));
+                          .arg(objectName(), type, number(at.x()), number(at.y()), number(mouse->button()),
+                               number(int(mouse->buttons())));
         } else if (auto *wheel = dynamic_cast<QWheelEvent *>(event)) {
+            const QPoint at = wheel->position().toPoint();
             *m_log << QStringLiteral("%1 Wheel %2,%3 delta %4")
-                          .arg(objectName())
-                          .arg(wheel->position().x())
-                          .arg(wheel->position().y())
-                          .arg(wheel->angleDelta().y());
+                          .arg(objectName(), number(at.x()), number(at.y()), number(wheel->angleDelta().y()));
             return false;
         } else if (auto *key = dynamic_cast<QKeyEvent *>(event); key && event->type() == QEvent::KeyPress) {
             if (!QList{Qt::Key_Control, Qt::Key_Shift}.contains(key->key()))
@@ -124,20 +121,17 @@ void tst_ScriptTestDriver::input_data()
                                 "left MouseButtonPress 10,20 button 1 buttons 1"};
     const QStringList clickRight{"right MouseButtonPress 50,30 button 1 buttons 1",
                                  "right MouseButtonRelease 50,30 button 1 buttons 0"};
-    QTest::newRow("press on a child, in its coordinates, left by default") << "Test.press(30, 20)" << pressLeft;
     QTest::newRow("middle button on the control itself")
         << "Test.press(50, 200, 4)"
         << QStringList{"target MouseMove 50,200 button 0 buttons 0", "target MouseButtonPress 50,200 button 4 buttons 4"};
+    // A press on a child, in its coordinates, left by default.
     QTest::newRow("release goes to the pressed child")
         << "Test.press(30, 20); Test.release(150, 10)"
         << pressLeft + QStringList{"left MouseMove 130,10 button 0 buttons 1",
                                    "left MouseButtonRelease 130,10 button 1 buttons 0", "left leave", "right enter"};
-    QTest::newRow("move drags with the held button")
-        << "Test.press(30, 20); Test.move(150, 50)"
-        << pressLeft + QStringList{"left MouseMove 130,50 button 0 buttons 1"};
-    QTest::newRow("move with buttons given")
-        << "Test.press(30, 20); Test.move(150, 50, 3)"
-        << pressLeft + QStringList{"left MouseMove 130,50 button 0 buttons 3"};
+    QTest::newRow("move drags with the held button, or the buttons given")
+        << "Test.press(30, 20); Test.move(150, 50); Test.move(150, 60, 3)"
+        << pressLeft + QStringList{"left MouseMove 130,50 button 0 buttons 1", "left MouseMove 130,60 button 0 buttons 3"};
     QTest::newRow("move across children")
         << "Test.move(30, 5); Test.move(150, 5)"
         << QStringList{"left enter", "left MouseMove 10,5 button 0 buttons 0", "left leave", "right enter",

@@ -11,22 +11,16 @@ using namespace OrrinQuiver;
 namespace {
 
 const QStringList Descriptions = {
-    QStringLiteral(
-        "Resets the control to default settings. Turns off item moving, staying down, underline. Turns "
-        "on smooth scrolling and first header. Colors restored to Outlook 2000 system colors."),
-    QStringLiteral(
-        "Turns off first header, item underline, item moving, smooth scrolling. Turns on items stay down. "
-        "Colors restored to Windows / Office 2000 system colors. Header and item mouse icons set to "
-        "arrow."),
-    QStringLiteral(
-        "Turns off item moving, staying down, underline. Turns on smooth scrolling and first header. "
-        "Colors restored to Outlook XP system colors. Header and item mouse icons set to arrow."),
-    QStringLiteral(
-        "Turns off first header, item underline, item moving, smooth scrolling. Turns on items stay down. "
-        "Colors restored to Windows / Office XP system colors. Header and item mouse icons set to arrow."),
-    QStringLiteral(
-        "Turns off item underline, smooth scrolling, move with click. Turns on items stay down and first "
-        "header. Colors restored to Visual Studio colors. Header and item mouse icons set to arrow."),
+    "Resets the control to default settings. Turns off item moving, staying down, underline. Turns on "
+    "smooth scrolling and first header. Colors restored to Outlook 2000 system colors.",
+    "Turns off first header, item underline, item moving, smooth scrolling. Turns on items stay down. Colors "
+    "restored to Windows / Office 2000 system colors. Header and item mouse icons set to arrow.",
+    "Turns off item moving, staying down, underline. Turns on smooth scrolling and first header. Colors "
+    "restored to Outlook XP system colors. Header and item mouse icons set to arrow.",
+    "Turns off first header, item underline, item moving, smooth scrolling. Turns on items stay down. Colors "
+    "restored to Windows / Office XP system colors. Header and item mouse icons set to arrow.",
+    "Turns off item underline, smooth scrolling, move with click. Turns on items stay down and first header. "
+    "Colors restored to Visual Studio colors. Header and item mouse icons set to arrow.",
 };
 
 struct Page

@@ -1,5 +1,4 @@
 #include "control/Quiver.h"
-#include "design/StylePage.h"
 
 #include <QtCore/QMetaEnum>
 #include <QtCore/QRegularExpression>
