@@ -2,7 +2,6 @@
 #include "control/PropertyTable.h"
 #include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
-#include "model/ControlLink.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Item.h"
@@ -56,15 +55,6 @@ QVariant pixmapOf(int size)
     return pixmap;
 }
 
-// A new control with headers whose visibility `shown` gives ('1' shown).
-void addHeaders(Quiver &bar, const QString &shown)
-{
-    for (int i = bar.Headers()->Count(); i < shown.size(); ++i)
-        bar.Headers()->Add(0, QString(), QStringLiteral("H%1").arg(i + 1));
-    for (int i = 0; i < shown.size(); ++i)
-        bar.Headers()->at(i + 1)->setVisible(shown.at(i) == QLatin1Char('1'));
-}
-
 } // namespace
 
 class tst_Quiver : public QObject
@@ -90,8 +80,6 @@ private slots:
     void fontComparison();
     void arrowInterval_data();
     void arrowInterval();
-    void selectHeader_data();
-    void selectHeader();
     void openHeaderStaysOpen_data();
     void openHeaderStaysOpen();
     void selectItemRecordsAndNotifies();
@@ -442,44 +430,6 @@ void tst_Quiver::arrowInterval()
     QCOMPARE(bar.findChild<QTimer *>(QStringLiteral("ArrowTimer"))->interval(), interval);
 }
 
-void tst_Quiver::selectHeader_data()
-{
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("requested");
-    QTest::addColumn<int>("opened");
-
-    // Which header a request leads to is the selection's own (tst_headerselection).
-    QTest::newRow("hidden request takes the next") << "1101" << 1 << 3 << 4;
-    QTest::newRow("none visible") << "0000" << 1 << 2 << 0;
-}
-
-void tst_Quiver::selectHeader()
-{
-    QFETCH(QString, shown);
-    QFETCH(int, start);
-    QFETCH(int, requested);
-    QFETCH(int, opened);
-    Bar bar;
-    addHeaders(bar, shown);
-    // The content model's way in: a header's Selected passes its own Index,
-    // the history and the loaders pass any position.
-    ControlLink *link = bar.Headers()->control();
-    link->openHeader(start);
-    QSignalSpy spy(&bar, &Quiver::PropertyChanged);
-
-    link->openHeader(requested);
-
-    QCOMPARE(link->selectedHeaderPosition(), opened);
-    QCOMPARE(bar.SelectedHeader(), bar.Headers()->at(opened));
-    QCOMPARE(announced(spy), QStringList { "CurrentHeader" });
-    for (const Header *header : *bar.Headers()) {
-        const auto *view = static_cast<ItemContainer *>(header->itemView());
-        QCOMPARE(view->Active(), header->Index() == opened);
-        QCOMPARE(view->isVisibleTo(&bar), header->Index() == opened);
-    }
-}
-
 void tst_Quiver::openHeaderStaysOpen_data()
 {
     QTest::addColumn<QString>("change");
@@ -501,7 +451,8 @@ void tst_Quiver::openHeaderStaysOpen()
     QFETCH(QString, open);
     Bar bar;
     bar.Headers()->at(1)->setCaption(QStringLiteral("H1"));
-    addHeaders(bar, QStringLiteral("1111"));
+    for (int i = 2; i <= 4; ++i)
+        bar.Headers()->Add(0, QString(), QStringLiteral("H%1").arg(i));
     bar.Headers()->at(3)->setSelected(true);
 
     if (change.startsWith("add"))
