@@ -10,15 +10,13 @@
 #include <QtCore/QEvent>
 #include <QtTest/QTest>
 
-// Fails the test with the checker's findings when the model is not sound.
-#define CHECK_ITEMS(items)                                                                          \
+inline QStringList problemsOf(const OrrinQuiver::Headers &headers) { return OrrinQuiver::checkModel(headers); }
+inline QStringList problemsOf(const OrrinQuiver::Items &items) { return OrrinQuiver::checkItems(items); }
+
+// Fails the test with the checker's findings when the headers or items are not sound.
+#define CHECK_MODEL(members)                                                                        \
     do {                                                                                            \
-        const QStringList problems_ = OrrinQuiver::checkItems(items);                               \
-        QVERIFY2(problems_.isEmpty(), qPrintable(problems_.join(QLatin1Char('\n'))));               \
-    } while (false)
-#define CHECK_MODEL(headers)                                                                        \
-    do {                                                                                            \
-        const QStringList problems_ = OrrinQuiver::checkModel(headers);                             \
+        const QStringList problems_ = problemsOf(members);                                          \
         QVERIFY2(problems_.isEmpty(), qPrintable(problems_.join(QLatin1Char('\n'))));               \
     } while (false)
 

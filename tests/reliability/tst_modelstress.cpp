@@ -1,10 +1,26 @@
-#include "ModelStress.h"
-
 #include "control/Quiver.h"
+#include "core/QuiverError.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+#include "model/ModelChecker.h"
+#include "model/Navigation.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <type_traits>
 #include <random>
+#include <tuple>
+#include <vector>
 
 using namespace OrrinQuiver;
 
@@ -17,11 +33,856 @@ constexpr int DefaultSteps = 100000;
 // every clear, document read and return to the event loop); the operations
 // in between check what they touched.
 constexpr int FullCheckEvery = 64;
-
 // The suite runs one fixed seed, so that every run of the test command
 // checks the same sequence; QUIVER_STRESS_SEED replays another one, and
 // QUIVER_STRESS_SEED=random draws a new seed for a campaign.
 constexpr quint64 DefaultSeed = 20261122;
+
+// References a host keeps at most; a new one then replaces an old one.
+constexpr int KeptLimit = 16;
+
+// A text no caption or key of the stress run ever has.
+const QString Unknown = QStringLiteral("\x01unknown");
+
+template<typename T>
+constexpr bool IsHeader = std::is_same_v<std::remove_cv_t<T>, Header> || std::is_same_v<std::remove_cv_t<T>, Headers>;
+
+template<typename T>
+QLatin1String nameOf()
+{
+    if constexpr (std::is_same_v<T, Headers>)
+        return QLatin1String("Headers");
+    else if constexpr (std::is_same_v<T, Items>)
+        return QLatin1String("Items");
+    else
+        return QLatin1String(IsHeader<T> ? "header" : "item");
+}
+
+QString flipCase(const QString &text) { return text == text.toUpper() ? text.toLower() : text.toUpper(); }
+
+// The key Items::Add generates for its n-th new member.
+QString generatedItemKey(int n) { return QStringLiteral("NEW_ITEM%1").arg(n, 5, 10, QLatin1Char('0')); }
+
+bool isGeneratedItemKey(const QString &key)
+{
+    static const QRegularExpression generated(QStringLiteral("^NEW_ITEM\\d+$"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    return generated.match(key).hasMatch();
+}
+
+// Whether reading `items` back in document order could give a member another
+// key than the one written: when an earlier member's caption or a key
+// generated on the way equals it, the collection replaces it.
+// `generatedBefore` is the number of keys the collection generated before
+// reading; -1 when unknown, which counts every generated-looking key as a
+// clash.
+bool keysClashWhenRead(const Items &items, int generatedBefore)
+{
+    QSet<QString> keys;
+    QSet<QString> captions;
+    int position = 0;
+    for (const Item *item : items) {
+        ++position;
+        const QString key = item->Key().toCaseFolded();
+        if (captions.contains(key))
+            return true;
+        if (generatedBefore < 0 ? isGeneratedItemKey(key)
+                                : keys.contains(generatedItemKey(generatedBefore + position).toCaseFolded()))
+            return true;
+        keys.insert(key);
+        captions.insert(item->Caption().toCaseFolded());
+    }
+    return false;
+}
+
+// Drives a real Quiver through a seeded random sequence of what a host does
+// to its content (add, remove, move, re-key, select, hide, clear, XML round
+// trips, history moves, references kept across removals, bad arguments) and
+// checks the model after every operation. The same seed replays the same
+// sequence. Headers and items share their collection behaviour, so each such
+// operation is written once, over the member type or its collection.
+class ModelStress
+{
+public:
+    struct Limits
+    {
+        // The model grows up to about these sizes, then shrinks again.
+        int headers;
+        int itemsPerHeader;
+    };
+
+    ModelStress(Quiver &bar, quint64 seed, Limits limits)
+        : m_bar(bar)
+        , m_random(seed)
+        , m_limits(limits)
+    { }
+
+    QStringList recentOperations() const
+    {
+        QStringList lines;
+        const int shown = qMin(m_steps, int(m_recent.size()));
+        for (int step = m_steps - shown; step < m_steps; ++step) {
+            const Record &record = m_recent[size_t(step) % m_recent.size()];
+            lines << QStringLiteral("%1: %2(%3, %4)")
+                         .arg(step + 1)
+                         .arg(QLatin1String(Ops[record.op].name))
+                         .arg(record.a)
+                         .arg(record.b);
+        }
+        return lines;
+    }
+
+    QStringList step()
+    {
+        int op = chooseOp();
+        Header *header = anyHeader();
+        Item *item = anyItem();
+        if (Ops[op].needs > 0 && !header)
+            op = 0;
+        else if (Ops[op].needs > 1 && !item)
+            op = 1;
+        m_recent[size_t(m_steps) % m_recent.size()] = { op, 0, 0 };
+        m_touched = nullptr;
+        Ops[op].run(*this, header, item);
+        ++m_steps;
+        checkAfter(op);
+        return std::exchange(m_problems, {});
+    }
+
+    // How many XML round trips could be compared text for text.
+    int comparedRoundTrips() const { return m_comparedRoundTrips; }
+
+private:
+    // An operation: how often it runs, its name, what it needs (0 nothing,
+    // 1 a header, 2 an item; one is added first when there is none), whether
+    // the whole model is checked after it, and what it does.
+    struct OpInfo
+    {
+        int weight;
+        const char *name;
+        int needs;
+        bool fullCheck;
+        void (*run)(ModelStress &s, Header *header, Item *item);
+    };
+    static const OpInfo Ops[25];
+    struct Record
+    {
+        int op, a, b;
+    };
+
+    void fail(const QString &problem) { m_problems << problem; }
+    // The header whose items an operation changed, checked after it.
+    void touch(Header *header) { m_touched = header; }
+    void touch(Item *item) { m_touched = item->collection()->header(); }
+    template<typename T>
+    QList<QPointer<T>> &kept()
+    {
+        return std::get<QList<QPointer<T>>>(m_kept);
+    }
+
+    int pick(int n) { return n <= 0 ? 0 : int(m_random() % quint64(n)); }
+    bool chance(int percent) { return pick(100) < percent; }
+
+    // Positions a host may pass: the edges, just outside them, the extremes of
+    // the type, and ordinary ones.
+    int wildIndex(int count)
+    {
+        const int edges[] = { INT_MIN, -1, 0, count, count + 1, INT_MAX };
+        const int which = pick(10);
+        return which < 6 ? edges[which] : 1 + pick(qMax(count, 1));
+    }
+
+    QString freshKey()
+    {
+        return (chance(50) ? QStringLiteral("k") : QStringLiteral("K")) + QString::number(++m_keyCounter);
+    }
+
+    QString someCaption()
+    {
+        switch (pick(10)) {
+        case 0:
+            return {};
+        case 1:
+            return QStringLiteral("c%1\r\nsecond line").arg(pick(1000));
+        case 2:
+            if (const Item *item = anyItem())
+                return item->Caption();
+            return QStringLiteral("C%1").arg(pick(1000));
+        case 3:
+            return QStringLiteral("\u03a9 %1 \U0001F600").arg(pick(1000));
+        default:
+            return QStringLiteral("c%1").arg(pick(1000));
+        }
+    }
+
+    Header *anyHeader()
+    {
+        const Headers &headers = *m_bar.Headers();
+        return headers.at(1 + pick(headers.Count()));
+    }
+
+    Item *anyItem()
+    {
+        const Header *header = anyHeader();
+        return header ? header->Items()->at(1 + pick(header->Items()->Count())) : nullptr;
+    }
+
+    void note(int a, int b = 0)
+    {
+        Record &record = m_recent[size_t(m_steps) % m_recent.size()];
+        record.a = a;
+        record.b = b;
+    }
+
+    int chooseOp()
+    {
+        static const int total = [] {
+            int sum = 0;
+            for (const OpInfo &info : Ops)
+                sum += info.weight;
+            return sum;
+        }();
+        int roll = pick(total);
+        int op = 0;
+        while (roll >= Ops[op].weight)
+            roll -= Ops[op++].weight;
+        return op;
+    }
+
+    template<typename Collection>
+    void add(Collection &members)
+    {
+        const int count = members.Count();
+        if (count >= (IsHeader<Collection> ? m_limits.headers : m_limits.itemsPerHeader)) {
+            remove(members);
+            return;
+        }
+        const int index = wildIndex(count);
+        const auto *taken = count > 0 && chance(10) ? members.at(1 + pick(count)) : nullptr;
+        const QString key = taken ? flipCase(taken->Key()) : chance(15) ? QString() : freshKey();
+        note(index, taken ? -1 : key.isEmpty() ? 0 : 1);
+        const auto *member = addTo(members, index, key);
+        const QLatin1String name = nameOf<Collection>();
+        if (taken) {
+            if (member || members.Count() != count)
+                fail(QStringLiteral("%1.Add took the key \"%2\" that is in use").arg(name, key));
+            return;
+        }
+        if constexpr (!IsHeader<Collection>) {
+            // The generated key was taken by an item read from another header.
+            if (!member && key.isEmpty() && members.Count() == count
+                && std::any_of(members.begin(), members.end(),
+                               [](const Item *item) { return isGeneratedItemKey(item->Key()); }))
+                return;
+        }
+        if (!member || members.Count() != count + 1)
+            fail(QStringLiteral("%1.Add refused the free key \"%2\"").arg(name, key));
+        else if (members.withKey(member->Key()) != member)
+            fail(QStringLiteral("a new %1 is not found by its key \"%2\"")
+                     .arg(nameOf<std::remove_cvref_t<decltype(*member)>>(), member->Key()));
+    }
+
+    Header *addTo(Headers &headers, int index, const QString &key)
+    {
+        const qvViewType view = qvViewType(chance(10) ? 5 : pick(2));
+        Header *header = headers.Add(index, key, someCaption(), view);
+        m_touched = header;
+        return header;
+    }
+
+    Item *addTo(Items &items, int index, const QString &key)
+    {
+        m_touched = items.header();
+        const QString icon = chance(30) ? QStringLiteral("icon%1").arg(pick(8)) : QString();
+        return items.Add(index, key, someCaption(), icon, icon);
+    }
+
+    template<typename Collection>
+    void remove(Collection &members)
+    {
+        if constexpr (!IsHeader<Collection>)
+            m_touched = members.header();
+        const QLatin1String name = nameOf<Collection>();
+        const int count = members.Count();
+        const auto *member = members.at(1 + pick(count));
+        switch (member ? pick(4) : 0) {
+        case 0: {
+            const int index = wildIndex(count);
+            note(0, index);
+            if (!members.Remove(index))
+                fail(QStringLiteral("%1.Remove(%2) reported false").arg(name).arg(index));
+            const int expected = index >= 1 && index <= count ? count - 1 : count;
+            if (members.Count() != expected)
+                fail(QStringLiteral("%1.Remove(%2) left %3 of %4").arg(name).arg(index).arg(members.Count()).arg(count));
+            break;
+        }
+        case 1: {
+            // Items remove the member with the key; Headers only consult captions.
+            const bool expected = !IsHeader<Collection> || members.IndexOfCaption(member->Key()) != -1;
+            note(1, member->Index());
+            if (members.Remove(member->Key()) != expected)
+                fail(QStringLiteral("%1.Remove of the key \"%2\" reported %3")
+                         .arg(name, member->Key(), QLatin1String(expected ? "false" : "true")));
+            break;
+        }
+        case 2:
+            note(2, member->Index());
+            members.Remove(member->Caption());
+            break;
+        default:
+            note(3);
+            if (members.Remove(Unknown) || members.Count() != count)
+                fail(QStringLiteral("%1.Remove of an unknown text removed something").arg(name));
+            break;
+        }
+    }
+
+    template<typename T>
+    void move(T *member)
+    {
+        const int index = wildIndex(member->collection()->Count());
+        note(member->Index(), index);
+        touch(member);
+        member->setIndex(index);
+        if (!isMember(member))
+            fail(QStringLiteral("a moved %1 left its collection").arg(nameOf<T>()));
+    }
+
+    template<typename T>
+    void rekey(T *member)
+    {
+        const auto &members = *member->collection();
+        const T *other = members.at(1 + pick(members.Count()));
+        QString key;
+        switch (pick(5)) {
+        case 0:
+            break;
+        case 1:
+            key = freshKey();
+            break;
+        case 2:
+            key = flipCase(other->Key());
+            break;
+        case 3:
+            key = other->Caption();
+            break;
+        default:
+            key = flipCase(member->Key());
+            break;
+        }
+        note(member->Index(), other->Index());
+        touch(member);
+        member->setKey(key);
+        if (!isMember(member) || members.withKey(member->Key()) != member)
+            fail(QStringLiteral("re-keying a %1 to \"%2\" lost it").arg(nameOf<T>(), key));
+    }
+
+    template<typename T>
+    void hide(T *member)
+    {
+        const bool visible = chance(60);
+        note(member->Index(), visible);
+        touch(member);
+        member->setVisible(visible);
+    }
+
+    template<typename T>
+    void select(T *member)
+    {
+        note(member->Index());
+        member->setSelected(chance(50));
+    }
+
+    void clearItems(Header *header)
+    {
+        if (!header)
+            return;
+        note(header->Index(), header->Items()->Count());
+        touch(header);
+        header->Items()->Clear();
+        if (header->Items()->Count() != 0)
+            fail(QStringLiteral("Items.Clear left members"));
+    }
+
+    void moveInHistory(bool back)
+    {
+        Navigation &navigation = *m_bar.Navigation();
+        const int steps = pick(5) - 1;
+        note(navigation.CurrentPosition(), steps);
+        back ? navigation.GoBack(steps) : navigation.GoForward(steps);
+    }
+
+    template<typename T>
+    void changeLooks(T *member)
+    {
+        const QString caption = someCaption();
+        note(IsHeader<T> ? 0 : 1, member->Index());
+        touch(member);
+        switch (pick(6)) {
+        case 0:
+            member->setToolTipText(caption);
+            break;
+        case 1:
+            member->setTag(chance(50) ? QVariant(pick(100)) : QVariant(caption));
+            break;
+        case 2:
+            member->setEnabled(chance(50));
+            break;
+        case 3:
+            if constexpr (IsHeader<T>)
+                member->setView(qvViewType(pick(3)));
+            else
+                member->setBold(chance(50));
+            break;
+        default:
+            member->setCaption(caption);
+            break;
+        }
+        if (!IsHeader<T> && member->Caption().contains(QLatin1String("\r\n")))
+            fail(QStringLiteral("an item caption kept a CR LF pair"));
+    }
+
+    // Writes the bar as a document and reads it back. Where the collections'
+    // key rules cannot change a key on the way, the bar must write the very same
+    // document again.
+    void controlXml()
+    {
+        const Headers &headers = *m_bar.Headers();
+        bool comparable = true;
+        QSet<QString> headerCaptions;
+        int position = 0;
+        for (const Header *header : headers) {
+            ++position;
+            comparable = comparable && !headerCaptions.contains(header->Key().toCaseFolded())
+                && header->Index() == position && !keysClashWhenRead(*header->Items(), 0);
+            headerCaptions.insert(header->Caption().toCaseFolded());
+        }
+        // Reading opens a visible header instead of a hidden one that was open.
+        if (const Header *open = m_bar.SelectedHeader())
+            comparable = comparable && open->Visible();
+        // Reading selects the open item by its Index.
+        if (const Item *selected = m_bar.SelectedItem())
+            comparable = comparable && selected->collection()->at(selected->Index()) == selected;
+        note(headers.Count(), comparable);
+
+    const QString written = m_bar.XML();
+        try {
+            m_bar.setXML(written);
+        } catch (const QuiverError &error) {
+            fail(QStringLiteral("the bar could not read its own document: %1").arg(error.Description()));
+            return;
+        }
+        if (!comparable)
+            return;
+        ++m_comparedRoundTrips;
+        const QString again = m_bar.XML();
+        if (again != written)
+            fail(QStringLiteral("an XML round trip changed the document:\n%1\n---\n%2").arg(written, again));
+    }
+
+    void headerXml()
+    {
+        Header *source = anyHeader();
+        Header *target = anyHeader();
+        if (!source)
+            return;
+        note(source->Index(), target->Index());
+        m_touched = target;
+        QStringList expected;
+        for (const Item *item : *source->Items())
+            expected << item->Key() + QLatin1Char('|') + item->Caption();
+        const bool comparable = !keysClashWhenRead(*source->Items(), -1);
+        try {
+            target->setXML(source->XML());
+        } catch (const QuiverError &error) {
+            fail(QStringLiteral("a header could not read its own fragment: %1").arg(error.Description()));
+            return;
+        }
+        QStringList read;
+        for (const Item *item : *target->Items())
+            read << item->Key() + QLatin1Char('|') + item->Caption();
+        if (comparable && read != expected)
+            fail(QStringLiteral("a header fragment read back as\n%1\ninstead of\n%2")
+                     .arg(read.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n'))));
+    }
+
+    template<typename T>
+    void keepReference()
+    {
+        QPointer<T> member;
+        if constexpr (IsHeader<T>)
+            member = anyHeader();
+        else
+            member = anyItem();
+        if (!member)
+            return;
+        note(IsHeader<T> ? 0 : 1, member->Index());
+        if (kept<T>().size() < KeptLimit)
+            kept<T>() << member;
+        else
+            kept<T>()[pick(KeptLimit)] = member;
+    }
+
+    // A host uses a header or item it kept, which may have been removed since:
+    // reading it is safe, and changing a removed one changes nothing in the bar.
+    template<typename T>
+    void useKeptReference()
+    {
+        if (kept<T>().isEmpty())
+            return;
+        T *member = kept<T>().at(pick(kept<T>().size())).data();
+        if (!member)
+            return;
+        const bool removed = !isMember(member);
+        const QString before = removed ? fingerprint() : QString();
+        const int action = pick(7);
+        note(IsHeader<T> ? 0 : 1, action + (removed ? 100 : 0));
+        switch (action) {
+        case 0:
+            member->setCaption(member->Caption() + QLatin1Char('+'));
+            break;
+        case 1:
+            member->setIndex(wildIndex(3));
+            break;
+        case 2:
+            member->setKey(freshKey());
+            break;
+        case 3:
+            member->setSelected(true);
+            break;
+        case 4:
+            member->setVisible(!member->Visible());
+            break;
+        case 5:
+            if constexpr (IsHeader<T>)
+                member->Items()->Add(0, freshKey());
+            else
+                member->EnsureVisible();
+            break;
+        default:
+            if constexpr (IsHeader<T>) {
+                if (removed && !member->XML().isEmpty())
+                    fail(QStringLiteral("a removed header still writes a fragment"));
+            } else if (removed && (member->Parent() || member->Selected())) {
+                fail(QStringLiteral("a removed item still names a parent or is selected"));
+            }
+            break;
+        }
+        if (removed && fingerprint() != before)
+            fail(QStringLiteral("changing a removed %1 changed the bar").arg(nameOf<T>()));
+    }
+
+    void returnToEventLoop()
+    {
+        note(kept<Header>().size(), kept<Item>().size());
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        std::apply(
+            [this](auto &...lists) {
+                const auto sweep = [this](auto &list) {
+                    for (const auto &member : std::as_const(list)) {
+                        if (member && !isMember(member.data()))
+                            fail(QStringLiteral("a removed %1 outlived the return to the event loop")
+                                     .arg(nameOf<std::remove_cvref_t<decltype(*member)>>()));
+                    }
+                    list.removeAll(nullptr);
+                };
+                (sweep(lists), ...);
+            },
+            m_kept);
+    }
+
+    // Whether a collection finds, or reports removing, a member that is not there.
+    template<typename Collection>
+    bool answersMissingWrongly(Collection &members)
+    {
+        const int count = members.Count();
+        return members.Item(QVariant()) || members.Item(0) || members.Item(-1) || members.Item(count + 1)
+            || members.Item(Unknown) || members.Exists(QVariant()) || members.Exists(INT_MIN)
+            || !members.Remove(count + 1 + pick(5)) || members.Remove(Unknown);
+    }
+
+    // Arguments a host should not pass: each gets its documented default or
+    // error, and the bar's content stays as it was.
+    void badInput()
+    {
+        Headers &headers = *m_bar.Headers();
+        Navigation &navigation = *m_bar.Navigation();
+        Header *header = anyHeader();
+        Items *items = header ? header->Items() : nullptr;
+        const QString before = fingerprint();
+        const int kind = pick(7);
+        note(kind);
+        switch (kind) {
+        case 0:
+            if (answersMissingWrongly(headers) || (items && answersMissingWrongly(*items)))
+                fail(QStringLiteral("a collection answered a missing member wrongly"));
+            break;
+        case 1:
+            if (header && headers.Add(wildIndex(headers.Count()), flipCase(header->Key())))
+                fail(QStringLiteral("Headers.Add took a key in use"));
+            if (items && items->Count() > 0 && items->Add(wildIndex(items->Count()), flipCase(items->at(1)->Key())))
+                fail(QStringLiteral("Items.Add took a key in use"));
+            break;
+        case 2:
+        case 3: {
+            const QString written = m_bar.XML();
+            const QString bad[] = {
+                QString(),
+                QStringLiteral("not a document"),
+                QStringLiteral("<other version=\"201\" data=\"items\"/>"),
+                written.left(pick(int(written.size()) - 16)),
+                QString(written).replace(QStringLiteral("version=\"201\""), QStringLiteral("version=\"202\"")),
+                QString(written).replace(QStringLiteral("version=\"201\""), QStringLiteral("version=\"x\"")),
+                written + written,
+            };
+            // A fragment is read without a version check: only the first four
+            // texts are broken for a header.
+            const bool forHeader = header && kind == 2 && chance(50);
+            const QString &text = bad[pick(forHeader ? 4 : int(std::size(bad)))];
+            if (kind == 3) {
+                // Through the meta-object system the error must not escape; it
+                // is reported as a warning instead.
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^OrrinQuiver error -\\d+: ")));
+                m_bar.setProperty("XML", text);
+                break;
+            }
+            try {
+                if (forHeader)
+                    header->setXML(text);
+                else
+                    m_bar.setXML(text);
+                fail(QStringLiteral("a broken document was read without an error"));
+            } catch (const QuiverError &) { }
+            break;
+        }
+        case 4: {
+            const int position = navigation.CurrentPosition();
+            navigation.GoBack(0);
+            navigation.GoBack(-3);
+            navigation.GoForward(INT_MIN);
+            if (navigation.CurrentPosition() != position)
+                fail(QStringLiteral("a history move of no steps moved"));
+            break;
+        }
+        default:
+            if (Item *item = anyItem())
+                item->setIndex(item->Index());
+            if (header)
+                header->setIndex(header->Index());
+            break;
+        }
+        if (fingerprint() != before)
+            fail(QStringLiteral("bad input (kind %1) changed the bar").arg(kind));
+    }
+
+    void checkAfter(int op)
+    {
+        const Headers &headers = *m_bar.Headers();
+        if (m_steps % FullCheckEvery == 0 || Ops[op].fullCheck) {
+            m_problems += checkModel(headers);
+            for (const Header *header : headers)
+                checkViewIds(*header);
+        } else {
+            // The model checker also checks its key tables member by member,
+            // which is too slow for every step; this is the linear part of it.
+            if (m_touched && isMember(m_touched)) {
+                checkMembers(*m_touched->Items());
+                checkViewIds(*m_touched);
+            }
+            checkMembers(headers);
+            std::vector<int> barIds;
+            for (const Header *header : headers) {
+                if (header->Items()->headerKey() != header->Key())
+                    fail(QStringLiteral("the items of header %1 keep another header key").arg(header->Key()));
+                if (std::find(barIds.begin(), barIds.end(), header->barId()) != barIds.end())
+                    fail(QStringLiteral("bar id %1 is used twice").arg(header->barId()));
+                barIds.push_back(header->barId());
+            }
+        }
+        checkControl();
+        checkHistory();
+        if (kept<Header>().contains(nullptr) || kept<Item>().contains(nullptr))
+            fail(QStringLiteral("a kept reference was deleted before control returned to the event loop"));
+    }
+
+    // Each member's Index names its place (unless renumbering may leave it
+    // behind) and its key finds it.
+    template<typename Collection>
+    void checkMembers(const Collection &members)
+    {
+        int position = 0;
+        for (const auto *member : members) {
+            ++position;
+            const QLatin1String name = nameOf<std::remove_cvref_t<decltype(*member)>>();
+            if (member->Index() != position && !member->indexMayLag())
+                fail(QStringLiteral("%1 %2 has Index %3").arg(name).arg(position).arg(member->Index()));
+            if (members.withKey(member->Key()) != member)
+                fail(QStringLiteral("%1 %2 is not found by its key \"%3\"").arg(name).arg(position).arg(member->Key()));
+        }
+    }
+
+    // Every item has its own view id, one that its header's view gave out.
+    void checkViewIds(const Header &header)
+    {
+        const auto *view = dynamic_cast<const ItemContainer *>(header.itemView());
+        std::vector<bool> given(view ? size_t(view->MaxPhysItems()) + 1 : 0);
+        for (const Item *item : *header.Items()) {
+            const size_t id = size_t(qMax(item->viewId(), 0));
+            if (id < 1 || id >= given.size() || given[id])
+                fail(QStringLiteral("item \"%1\" has view id %2, not one of its own from its view")
+                         .arg(item->Key())
+                         .arg(item->viewId()));
+            else
+                given[id] = true;
+        }
+    }
+
+    // Exactly the open header's item view is active, only that view is shown
+    // (and only while its header is visible), and a header is open whenever one
+    // is visible. The open header itself may be hidden: hiding a header whose
+    // cached Index lags its position does not move the selection.
+    void checkControl()
+    {
+        const Header *open = m_bar.SelectedHeader();
+        const Header *active = nullptr;
+        int activeViews = 0;
+        bool anyVisible = false;
+        for (const Header *header : *m_bar.Headers()) {
+            anyVisible = anyVisible || header->Visible();
+            const auto *view = dynamic_cast<const ItemContainer *>(header->itemView());
+            if (!view || header->barId() < 1) {
+                fail(QStringLiteral("header \"%1\" has no bar or item view").arg(header->Key()));
+                continue;
+            }
+            if (view->Active()) {
+                ++activeViews;
+                active = header;
+            }
+            if (view->isVisibleTo(&m_bar) != (header == open && header->Visible()))
+                fail(QStringLiteral("the item view of header \"%1\" is %2")
+                         .arg(header->Key(), QLatin1String(view->isVisibleTo(&m_bar) ? "shown" : "hidden")));
+        }
+        if (open && (activeViews != 1 || active != open))
+            fail(QStringLiteral("the open header \"%1\" is not the one active view's (%2 active)")
+                     .arg(open->Key())
+                     .arg(activeViews));
+        if (!open && activeViews != 0)
+            fail(QStringLiteral("%1 item views are active while no header is open").arg(activeViews));
+        if (!open && anyVisible)
+            fail(QStringLiteral("no header is open although one is visible"));
+        if (const Item *selected = m_bar.SelectedItem();
+            selected && (!open || selected->collection() != open->Items()))
+            fail(QStringLiteral("the selected item \"%1\" is not in the open header").arg(selected->Key()));
+    }
+
+    void checkHistory()
+    {
+        const Navigation &navigation = *m_bar.Navigation();
+        const int position = navigation.CurrentPosition();
+        const qsizetype entries = navigation.headerKeys().size();
+        if (navigation.itemKeys().size() != entries)
+            fail(QStringLiteral("the history keeps %1 header keys and %2 item keys")
+                     .arg(entries)
+                     .arg(navigation.itemKeys().size()));
+        if (position < 0 || position > entries)
+            fail(QStringLiteral("history position %1 of %2 entries").arg(position).arg(entries));
+        if (navigation.CanGoBack() && (position < 2 || !navigation.Enabled()))
+            fail(QStringLiteral("the history can go back from position %1").arg(position));
+    }
+
+    bool isMember(const Header *header) const { return header->collection() == m_bar.Headers(); }
+
+    bool isMember(const Item *item) const
+    {
+        const Items *items = item->collection();
+        return items && items->header() && isMember(items->header()) && items->withKey(item->Key()) == item;
+    }
+
+    QString fingerprint() const
+    {
+        QString text;
+        const auto flag = [](bool on) { return on ? QLatin1Char('1') : QLatin1Char('0'); };
+        for (const Header *header : *m_bar.Headers()) {
+            text += header->Key() + QLatin1Char('|') + header->Caption() + QLatin1Char('|')
+                + QString::number(header->Index()) + flag(header->Visible()) + flag(header->Enabled())
+                + QString::number(int(header->View())) + QLatin1Char('\n');
+            for (const Item *item : *header->Items()) {
+                text += QLatin1Char(' ') + item->Key() + QLatin1Char('|') + item->Caption() + QLatin1Char('|')
+                    + QString::number(item->Index()) + flag(item->Visible()) + flag(item->Enabled())
+                    + QLatin1Char('\n');
+            }
+        }
+        if (const Header *open = m_bar.SelectedHeader())
+            text += QLatin1String("open ") + open->Key();
+        if (const Item *selected = m_bar.SelectedItem())
+            text += QLatin1String(" selected ") + selected->Key();
+        return text;
+    }
+
+    Quiver &m_bar;
+    std::mt19937_64 m_random;
+    Limits m_limits;
+    QStringList m_problems;
+    Header *m_touched = nullptr;
+    int m_steps = 0;
+    int m_keyCounter = 0;
+    int m_comparedRoundTrips = 0;
+    std::tuple<QList<QPointer<Header>>, QList<QPointer<Item>>> m_kept;
+    std::array<Record, 24> m_recent {};
+};
+
+// Adding items outweighs removing them so that headers fill up to their limits. AddHeader and
+// AddItem come first: step() runs them instead of an operation that lacks a header or item.
+const ModelStress::OpInfo ModelStress::Ops[25] = {
+    { 25, "AddHeader", 0, false, [](ModelStress &s, Header *, Item *) { s.add(*s.m_bar.Headers()); } },
+    { 170, "AddItem", 1, false, [](ModelStress &s, Header *header, Item *) { s.add(*header->Items()); } },
+    { 12, "RemoveHeader", 1, false, [](ModelStress &s, Header *, Item *) { s.remove(*s.m_bar.Headers()); } },
+    { 70, "RemoveItem", 1, false, [](ModelStress &s, Header *header, Item *) { s.remove(*header->Items()); } },
+    { 20, "MoveHeader", 1, false, [](ModelStress &s, Header *header, Item *) { s.move(header); } },
+    { 80, "MoveItem", 2, false, [](ModelStress &s, Header *, Item *item) { s.move(item); } },
+    { 12, "RekeyHeader", 1, false, [](ModelStress &s, Header *header, Item *) { s.rekey(header); } },
+    { 50, "RekeyItem", 2, false, [](ModelStress &s, Header *, Item *item) { s.rekey(item); } },
+    { 35, "SelectHeader", 1, false, [](ModelStress &s, Header *header, Item *) { s.select(header); } },
+    { 90, "SelectItem", 2, false, [](ModelStress &s, Header *, Item *item) { s.select(item); } },
+    { 20, "HideHeader", 1, false, [](ModelStress &s, Header *header, Item *) { s.hide(header); } },
+    { 25, "HideItem", 2, false, [](ModelStress &s, Header *, Item *item) { s.hide(item); } },
+    { 50, "Caption", 0, false,
+      [](ModelStress &s, Header *header, Item *item) {
+          if (item && s.chance(70))
+              s.changeLooks(item);
+          else if (header)
+              s.changeLooks(header);
+      } },
+    { 6, "ClearItems", 0, false, [](ModelStress &s, Header *header, Item *) { s.clearItems(header); } },
+    { 1, "ClearHeaders", 0, true,
+      [](ModelStress &s, Header *, Item *) {
+          s.note(s.m_bar.Headers()->Count());
+          s.m_bar.Headers()->Clear();
+          if (s.m_bar.Headers()->Count() != 0)
+              s.fail(QStringLiteral("Headers.Clear left members"));
+      } },
+    { 2, "ControlXml", 0, true, [](ModelStress &s, Header *, Item *) { s.controlXml(); } },
+    { 4, "HeaderXml", 0, false, [](ModelStress &s, Header *, Item *) { s.headerXml(); } },
+    { 45, "GoBack", 0, false, [](ModelStress &s, Header *, Item *) { s.moveInHistory(true); } },
+    { 35, "GoForward", 0, false, [](ModelStress &s, Header *, Item *) { s.moveInHistory(false); } },
+    { 20, "SetPosition", 0, false,
+      [](ModelStress &s, Header *, Item *) {
+          Navigation &navigation = *s.m_bar.Navigation();
+          const int position = s.pick(navigation.headerKeys().size() + 3) - 1;
+          s.note(navigation.CurrentPosition(), position);
+          navigation.setCurrentPosition(position);
+      } },
+    { 2, "ClearHistory", 0, false, [](ModelStress &s, Header *, Item *) { s.m_bar.Navigation()->Clear(); } },
+    { 30, "KeepReference", 0, false,
+      [](ModelStress &s, Header *, Item *) { s.chance(50) ? s.keepReference<Header>() : s.keepReference<Item>(); } },
+    { 40, "UseKeptReference", 0, false,
+      [](ModelStress &s, Header *, Item *) {
+          s.chance(50) ? s.useKeptReference<Header>() : s.useKeptReference<Item>();
+      } },
+    { 25, "ReturnToEventLoop", 0, true, [](ModelStress &s, Header *, Item *) { s.returnToEventLoop(); } },
+    { 30, "BadInput", 0, false, [](ModelStress &s, Header *, Item *) { s.badInput(); } },
+};
 
 quint64 runSeed()
 {
@@ -75,7 +936,7 @@ void tst_ModelStress::operations()
     bar.resize(200, 480);
     bar.show();
 
-    ModelStress stress(bar, seed, { headers, itemsPerHeader, FullCheckEvery });
+    ModelStress stress(bar, seed, { headers, itemsPerHeader });
     const int steps = runSteps();
     for (int step = 1; step <= steps; ++step) {
         const QStringList problems = stress.step();
