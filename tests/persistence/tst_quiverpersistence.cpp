@@ -230,7 +230,10 @@ void tst_QuiverPersistence::roundTrip()
     MemoryPropertyBag before;
     const QStringList written = saved(*original, before);
     QCOMPARE(written.contains(u"OLEDropMode"_s), content != u"defaults");
-    QCOMPARE(written.sliced(written.size() - tail.size()), tail);
+    // A new control, and one at the write defaults, store exactly these keys;
+    // the other rows give how a save ends.
+    const bool whole = content == u"new" || content == u"defaults";
+    QCOMPARE(whole ? written : written.sliced(written.size() - tail.size()), tail);
     QCOMPARE(before.ReadProperty(u"HeaderMouseIcon"_s).toString(), u"cursor:13"_s);
 
     auto *reloaded = new Quiver(&form);
