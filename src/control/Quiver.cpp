@@ -346,6 +346,9 @@ void Quiver::letSmallIcons(QObject *images)
     d->applyEffects(P::RestyleViews);
 }
 
+// The pointers are written by hand: a picture is first told apart (none, a
+// pointer, or refused with a message at design time), and every item view or
+// bar shows the pair of pointer and picture.
 QVariant Quiver::ItemMouseIcon() const { return d->itemIcon; }
 
 void Quiver::setItemMouseIcon(const QVariant &picture)
