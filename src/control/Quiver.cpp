@@ -2,6 +2,7 @@
 
 #include "control/HeaderGeometry.h"
 #include "control/HeaderStrip.h"
+#include "control/ItemRelay.h"
 #include "control/Quiver_p.h"
 #include "control/QuiverSounds.h"
 #include "control/StylePreset.h"
@@ -139,6 +140,7 @@ Quiver::Quiver(QWidget *parent)
     d->headers = new OrrinQuiver::Headers(d.get(), this);
     d->navigation = new OrrinQuiver::Navigation(d.get(), this);
     d->strip = new HeaderStrip(this, *d->headers, *d);
+    d->relay = new ItemRelay(this, *d);
     d->selection = std::make_unique<HeaderSelection>(*d->headers, *d->navigation, *d);
     connect(d->navigation, &OrrinQuiver::Navigation::ChangePosition, this,
             [this](const QString &header, const QString &item) {

@@ -303,6 +303,18 @@ signals:
     // raised before the HeaderMouseUp of the same click.
     void HeaderClick(OrrinQuiver::Header *header);
 
+    // An enabled item of the open header was clicked, or Space or Enter
+    // pressed on it; raised once the item is the selected one.
+    void ItemClick(OrrinQuiver::Item *item);
+    // Mouse input over an item of the open header, outside design mode; the
+    // arguments as for the header events, X and Y in the item's own pixels.
+    // Over the item view's empty space the open header's events are raised
+    // instead, with X and Y moved into its bar (into the control when its
+    // lone bar is hidden).
+    void ItemMouseDown(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
+    void ItemMouseMove(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
+    void ItemMouseUp(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
+
 private:
     // The XML property's writer: setXML without the throw.
     void writeXml(const QString &xml);

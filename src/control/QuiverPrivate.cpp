@@ -4,6 +4,7 @@
 
 #include "control/Quiver_p.h"
 
+#include "control/ItemRelay.h"
 #include "control/QuiverSounds.h"
 #include "imaging/ImageList.h"
 #include "itemview/ItemContainer.h"
@@ -362,6 +363,7 @@ ControlLink::HeaderViews QuiverPrivate::createHeaderViews(int position, const QS
     container->setView(view);
     container->setCollectionIndex(position);
 
+    relay->attach(container);
     const int barId = nextBarId++;
     strip->addBar(barId, container, headerPointer, headerIcon);
     // The first header of an empty bar, or one added while none is open,

@@ -110,4 +110,14 @@ void QuiverSounds::playHeaderSound(int clickedPosition, int openPosition, bool p
     }
 }
 
+void QuiverSounds::playItemSound(bool playSounds, bool useSystemSounds)
+{
+    if (!m_output || !playSounds)
+        return;
+    if (useSystemSounds)
+        m_output->playEvent(QStringLiteral("MenuCommand"));
+    else if (m_sounds[ItemSound].loaded)
+        m_output->playWave(m_sounds[ItemSound].data);
+}
+
 } // namespace OrrinQuiver

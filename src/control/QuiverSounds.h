@@ -59,6 +59,10 @@ public:
     // the one at `openPosition` is open, with the control's two switches.
     void playHeaderSound(int clickedPosition, int openPosition, bool playSounds, bool useSystemSounds);
 
+    // The sound of a click on an item: the desktop's "MenuCommand" sound with
+    // system sounds on, else the item sound when one was loaded.
+    void playItemSound(bool playSounds, bool useSystemSounds);
+
 private:
     std::array<Sound, 4> m_sounds;
     std::unique_ptr<SoundOutput> m_output;

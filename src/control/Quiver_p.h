@@ -20,6 +20,7 @@ QT_FORWARD_DECLARE_CLASS(QTimer)
 namespace OrrinQuiver {
 
 class ItemContainer;
+class ItemRelay;
 struct ItemLook;
 class XmlDocumentFormat;
 
@@ -135,6 +136,7 @@ public:
     // Rooms that are children of the control.
     QuiverSounds *sounds = nullptr;
     HeaderStrip *strip = nullptr;
+    ItemRelay *relay = nullptr;
 
     QuiverSettings settings;
 

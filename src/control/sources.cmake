@@ -18,12 +18,14 @@ target_sources(OrrinQuiverObjects
 target_sources(OrrinQuiverObjects PRIVATE control/resources/sounds.qrc)
 
 # The control in rooms: the widget and its public surface, what the rooms
-# share, the property table, header selection, sounds, persistence and the
-# lifecycle events; the process-wide resources and the style presets.
+# share, the property table, header selection, the item-view relay, sounds,
+# persistence and the lifecycle events; the process-wide resources and the style presets.
 target_sources(OrrinQuiverObjects
     PRIVATE
         control/HeaderSelection.cpp
         control/HeaderSelection.h
+        control/ItemRelay.cpp
+        control/ItemRelay.h
         control/PropertyTable.cpp
         control/PropertyTable.h
         control/Quiver.cpp

@@ -1,0 +1,101 @@
+#include "control/ItemRelay.h"
+
+#include "control/QuiverSounds.h"
+#include "control/Quiver_p.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+
+namespace OrrinQuiver {
+
+ItemRelay::ItemRelay(Quiver *control, QuiverPrivate &d)
+    : QObject(control)
+    , q(control)
+    , d(d)
+{
+    setObjectName(QStringLiteral("ItemRelay"));
+}
+
+void ItemRelay::attach(ItemContainer *view)
+{
+    connect(view, &ItemContainer::ItemClick, this, &ItemRelay::itemClick);
+    connect(view, &ItemContainer::MouseDown, this,
+            [this, view](const QString &item, int b, int s, float x, float y) {
+                mouse(Mouse::Down, view, item, b, s, x, y);
+            });
+    connect(view, &ItemContainer::MouseMove, this,
+            [this, view](const QString &item, int b, int s, float x, float y) {
+                mouse(Mouse::Move, view, item, b, s, x, y);
+            });
+    connect(view, &ItemContainer::MouseUp, this,
+            [this, view](const QString &item, int b, int s, float x, float y) {
+                mouse(Mouse::Up, view, item, b, s, x, y);
+            });
+}
+
+// The item sound, then the item becomes the open header's current one (which
+// records it in the history), then the host hears of the click.
+void ItemRelay::itemClick(const QString &itemKey)
+{
+    quietly([&] {
+        const Header *open = d.selection->openHeader();
+        Item *item = open ? open->Items()->Item(itemKey) : nullptr;
+        if (!item)
+            return;
+        d.sounds->playItemSound(d.settings.playSounds, d.settings.useSystemSounds);
+        QPointer<Item> clicked = item;
+        d.selectItem(qint16(item->Index()));
+        if (clicked)
+            emit q->ItemClick(clicked);
+    });
+}
+
+void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, int button, int shift, float x,
+                      float y)
+{
+    Header *open = d.selection->openHeader();
+    if (!open)
+        return;
+    if (kind == Mouse::Move && d.settings.autoMouseWheel)
+        // The wheel reaches the view that has the focus.
+        view->setFocus(Qt::MouseFocusReason);
+    if (!itemKey.isEmpty()) {
+        Item *item = open->Items()->Item(itemKey);
+        if (!item)
+            return;
+        switch (kind) {
+        case Mouse::Down:
+            emit q->ItemMouseDown(item, button, shift, x, y);
+            break;
+        case Mouse::Move:
+            emit q->ItemMouseMove(item, button, shift, x, y);
+            break;
+        case Mouse::Up:
+            emit q->ItemMouseUp(item, button, shift, x, y);
+            break;
+        }
+        return;
+    }
+    // Empty space belongs to the open header: the point is moved into the
+    // control's frame, and into its bar's unless the lone bar is hidden.
+    x += float(view->x());
+    y += float(view->y());
+    const bool barShown = d.settings.alwaysShowFirstHeader || d.headers->Count() >= 2;
+    if (const HeaderBar *bar = d.strip->bar(open->barId()); bar && barShown)
+        y -= float(bar->y());
+    switch (kind) {
+    case Mouse::Down:
+        emit q->HeaderMouseDown(open, button, shift, x, y);
+        break;
+    case Mouse::Move:
+        emit q->HeaderMouseMove(open, button, shift, x, y);
+        break;
+    case Mouse::Up:
+        emit q->HeaderMouseUp(open, button, shift, x, y);
+        break;
+    }
+}
+
+} // namespace OrrinQuiver
