@@ -61,21 +61,16 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
     if (kind == Mouse::Move && d.settings.autoMouseWheel)
         // The wheel reaches the view that has the focus.
         view->setFocus(Qt::MouseFocusReason);
+    // The host's events for a press, a move and a release, in that order.
+    using ItemEvent = void (Quiver::*)(Item *, int, int, float, float);
+    using HeaderEvent = void (Quiver::*)(Header *, int, int, float, float);
+    static constexpr ItemEvent ItemEvents[]
+        = { &Quiver::ItemMouseDown, &Quiver::ItemMouseMove, &Quiver::ItemMouseUp };
+    static constexpr HeaderEvent HeaderEvents[]
+        = { &Quiver::HeaderMouseDown, &Quiver::HeaderMouseMove, &Quiver::HeaderMouseUp };
     if (!itemKey.isEmpty()) {
-        Item *item = open->Items()->Item(itemKey);
-        if (!item)
-            return;
-        switch (kind) {
-        case Mouse::Down:
-            emit q->ItemMouseDown(item, button, shift, x, y);
-            break;
-        case Mouse::Move:
-            emit q->ItemMouseMove(item, button, shift, x, y);
-            break;
-        case Mouse::Up:
-            emit q->ItemMouseUp(item, button, shift, x, y);
-            break;
-        }
+        if (Item *item = open->Items()->Item(itemKey))
+            emit(q->*ItemEvents[int(kind)])(item, button, shift, x, y);
         return;
     }
     // Empty space belongs to the open header: the point is moved into the
@@ -85,17 +80,7 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
     const bool barShown = d.settings.alwaysShowFirstHeader || d.headers->Count() >= 2;
     if (const HeaderBar *bar = d.strip->bar(open->barId()); bar && barShown)
         y -= float(bar->y());
-    switch (kind) {
-    case Mouse::Down:
-        emit q->HeaderMouseDown(open, button, shift, x, y);
-        break;
-    case Mouse::Move:
-        emit q->HeaderMouseMove(open, button, shift, x, y);
-        break;
-    case Mouse::Up:
-        emit q->HeaderMouseUp(open, button, shift, x, y);
-        break;
-    }
+    emit(q->*HeaderEvents[int(kind)])(open, button, shift, x, y);
 }
 
 } // namespace OrrinQuiver
