@@ -61,7 +61,8 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
     if (kind == Mouse::Move && d.settings.autoMouseWheel)
         // The wheel reaches the view that has the focus.
         view->setFocus(Qt::MouseFocusReason);
-    // The host's events for a press, a move and a release, in that order.
+    // The host's events for a press, a move and a release, in that order,
+    // raised by calling their signals.
     using ItemEvent = void (Quiver::*)(Item *, int, int, float, float);
     using HeaderEvent = void (Quiver::*)(Header *, int, int, float, float);
     static constexpr ItemEvent ItemEvents[]
@@ -70,7 +71,7 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
         = { &Quiver::HeaderMouseDown, &Quiver::HeaderMouseMove, &Quiver::HeaderMouseUp };
     if (!itemKey.isEmpty()) {
         if (Item *item = open->Items()->Item(itemKey))
-            emit(q->*ItemEvents[int(kind)])(item, button, shift, x, y);
+            (q->*ItemEvents[int(kind)])(item, button, shift, x, y);
         return;
     }
     // Empty space belongs to the open header: the point is moved into the
@@ -80,7 +81,7 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
     const bool barShown = d.settings.alwaysShowFirstHeader || d.headers->Count() >= 2;
     if (const HeaderBar *bar = d.strip->bar(open->barId()); bar && barShown)
         y -= float(bar->y());
-    emit(q->*HeaderEvents[int(kind)])(open, button, shift, x, y);
+    (q->*HeaderEvents[int(kind)])(open, button, shift, x, y);
 }
 
 } // namespace OrrinQuiver
