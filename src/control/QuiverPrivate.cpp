@@ -38,16 +38,9 @@ QuiverPrivate::QuiverPrivate(Quiver *control)
 {
     // A control holds the values a save passes as defaults until
     // InitProperties or a restore gives it others.
-    for (int property = 0; property < PropertyCount; ++property) {
-        const Row &row = PropertyTable::row(Property(property));
-        const QVariant value = tableValue(Property(property), row.bagDefault);
-        if (auto field = std::get_if<bool QuiverSettings::*>(&row.field))
-            settings.*(*field) = value.toBool();
-        else if (auto field = std::get_if<int QuiverSettings::*>(&row.field))
-            settings.*(*field) = value.toInt();
-        else if (auto field = std::get_if<OLE_COLOR QuiverSettings::*>(&row.field))
-            settings.*(*field) = OLE_COLOR(value.toLongLong());
-    }
+    for (int property = 0; property < PropertyCount; ++property)
+        store(Property(property),
+              tableValue(Property(property), PropertyTable::row(Property(property)).bagDefault));
 }
 
 QuiverPrivate::~QuiverPrivate() = default;
@@ -66,6 +59,17 @@ QVariant QuiverPrivate::value(Property property) const
     if (std::holds_alternative<NavigationRecording>(row.field))
         return navigation->Enabled();
     return q->property(row.name);
+}
+
+void QuiverPrivate::store(Property property, const QVariant &value)
+{
+    const Row &row = PropertyTable::row(property);
+    if (auto field = std::get_if<bool QuiverSettings::*>(&row.field))
+        settings.*(*field) = value.toBool();
+    else if (auto field = std::get_if<int QuiverSettings::*>(&row.field))
+        settings.*(*field) = value.toInt();
+    else if (auto field = std::get_if<OLE_COLOR QuiverSettings::*>(&row.field))
+        settings.*(*field) = OLE_COLOR(value.toLongLong());
 }
 
 void QuiverPrivate::setValue(Property property, const QVariant &value)
@@ -116,15 +120,10 @@ void QuiverPrivate::initProperties()
     for (Property property : initOrder()) {
         const Row &row = PropertyTable::row(property);
         const QVariant initial = tableValue(property, row.initial);
-        if (row.init == Init::Setter) {
+        if (row.init == Init::Setter)
             setValue(property, initial);
-        } else if (auto field = std::get_if<bool QuiverSettings::*>(&row.field)) {
-            settings.*(*field) = initial.toBool();
-        } else if (auto field = std::get_if<int QuiverSettings::*>(&row.field)) {
-            settings.*(*field) = initial.toInt();
-        } else if (auto field = std::get_if<OLE_COLOR QuiverSettings::*>(&row.field)) {
-            settings.*(*field) = OLE_COLOR(initial.toLongLong());
-        }
+        else
+            store(property, initial);
     }
 }
 
@@ -281,11 +280,10 @@ void QuiverPrivate::followHistory(const QString &headerKey, const QString &itemK
 
 void QuiverPrivate::setSoundUrl(QuiverSounds::Kind kind, const QString &url)
 {
-    static const char *const names[] = { "SoundItemURL", "SoundHeaderUpURL", "SoundHeaderDownURL" };
     if (!sounds->setUrl(kind, url))
         return;
     // The change is announced before the sound is fetched.
-    notify(QLatin1String(names[kind]));
+    notify(QuiverSounds::propertyOf(kind));
     quietly([this, kind] { sounds->fetch(kind); });
 }
 

@@ -11,26 +11,20 @@ namespace OrrinQuiver {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The property whose location a sound is fetched from; downloads are told
-// apart by it.
-QString propertyOf(QuiverSounds::Kind kind)
+QString QuiverSounds::propertyOf(Kind kind)
 {
     switch (kind) {
-    case QuiverSounds::ItemSound:
+    case ItemSound:
         return u"SoundItemURL"_s;
-    case QuiverSounds::HeaderUpSound:
+    case HeaderUpSound:
         return u"SoundHeaderUpURL"_s;
-    case QuiverSounds::HeaderDownSound:
+    case HeaderDownSound:
         return u"SoundHeaderDownURL"_s;
-    case QuiverSounds::BuiltInSound:
+    case BuiltInSound:
         break;
     }
     return {};
 }
-
-} // namespace
 
 QuiverSounds::QuiverSounds(QObject *control)
     : QObject(control)
@@ -83,7 +77,8 @@ void QuiverSounds::downloadComplete(const QString &propertyName, const QByteArra
 
 void QuiverSounds::setOutput(std::unique_ptr<SoundOutput> output) { m_output = std::move(output); }
 
-void QuiverSounds::playHeaderSound(int clickedPosition, int openPosition, bool playSounds, bool useSystemSounds)
+void QuiverSounds::playHeaderSound(int clickedPosition, int openPosition, bool playSounds,
+                                   bool useSystemSounds)
 {
     if (!m_output)
         return;

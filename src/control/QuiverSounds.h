@@ -36,6 +36,9 @@ public:
     ~QuiverSounds() override;
 
     const Sound &sound(Kind kind) const { return m_sounds[kind]; }
+    // The property whose location a sound is fetched from ("SoundItemURL",
+    // ...); downloads are told apart by it. Empty for the built-in sound.
+    static QString propertyOf(Kind kind);
 
     // Stores a new location; false, with nothing changed, when it is the one
     // stored (compared exactly). An empty location unloads the sound, which

@@ -85,6 +85,9 @@ public:
     void assign(PropertyTable::Property property, T value);
     // The effects of a change (PropertyTable::Effect), in their fixed order.
     void applyEffects(unsigned effects);
+    // Stores a value in a row's settings field, without the setter's effects;
+    // rows kept elsewhere are left alone.
+    void store(PropertyTable::Property property, const QVariant &value);
     // A row's current value, and assigning one through the row's setter.
     QVariant value(PropertyTable::Property property) const;
     void setValue(PropertyTable::Property property, const QVariant &value);
