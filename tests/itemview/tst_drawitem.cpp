@@ -1,14 +1,8 @@
-#include "control/Quiver.h"
-#include "control/StylePreset.h"
 #include "imaging/ImageList.h"
 #include "itemview/DrawItem.h"
-#include "itemview/ItemContainer.h"
 #include "itemview/ItemLayout.h"
-#include "model/Header.h"
-#include "model/Headers.h"
 #include "platform/SystemColors.h"
 
-#include <QtCore/QDir>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 #include <QtTest/QTest>
@@ -316,77 +310,6 @@ private slots:
         // A list that is gone draws nothing.
         list.reset();
         QCOMPARE(find(paint(l, view, i), color("back")).count, image.width() * image.height());
-    }
-
-    // With QUIVER_PAINTING_PICTURES naming a folder, saves there a column of
-    // items (normal, hot, pressed, stays down with focus, disabled) in each
-    // style's preset colours for every style and view: the pictures of
-    // docs/painting.md.
-    void pictures()
-    {
-        const QString folder = qEnvironmentVariable("QUIVER_PAINTING_PICTURES");
-        if (folder.isEmpty())
-            QSKIP("QUIVER_PAINTING_PICTURES is not set");
-        QVERIFY(QDir().mkpath(folder));
-        // Rounded tiles with a white dot, on transparent ground.
-        const auto tiles = [](int side) {
-            auto list = std::make_unique<ImageList>();
-            list->setImageWidth(side);
-            list->setImageHeight(side);
-            for (const QColor &tone : { QColor(40, 110, 200), QColor(220, 150, 30), QColor(60, 160, 80),
-                                        QColor(190, 60, 60), QColor(120, 80, 170) }) {
-                QPixmap pixmap(side, side);
-                pixmap.fill(Qt::transparent);
-                QPainter p(&pixmap);
-                p.setRenderHint(QPainter::Antialiasing);
-                p.setPen(tone.darker());
-                p.setBrush(tone);
-                p.drawRoundedRect(QRectF(0.5, 0.5, side - 1, side - 1), side / 5.0, side / 5.0);
-                p.setBrush(Qt::white);
-                p.drawEllipse(QRectF(side * 0.3, side * 0.3, side * 0.4, side * 0.4));
-                p.end();
-                list->AddFromPicture(QIcon(pixmap));
-            }
-            return list;
-        };
-        const auto large = tiles(32);
-        const auto small = tiles(16);
-        const char *const styles[] = { "outlook", "windows2000", "outlookxp", "windowsxp", "visualstudio" };
-        const char *const captions[] = { "Inbox", "Calendar", "Contacts", "Tasks", "Deleted Items" };
-        constexpr int PictureWidth = 120;
-        for (int style = qvStyleOutlook; style <= qvStyleVisualStudio; ++style) {
-            Quiver bar;
-            bar.InitProperties();
-            StylePreset::apply(style, bar);
-            const auto *view = dynamic_cast<const ItemContainer *>(bar.Headers()->at(1)->itemView());
-            ItemLook l = look(style);
-            l.font.setStyleStrategy(QFont::PreferDefault);
-            l.colors = view->look().colors;
-            l.icons = large.get();
-            l.smallIcons = small.get();
-            l.underlineOnMove = true;
-            for (const auto kind : { qvViewLargeIcons, qvViewSmallIcons }) {
-                const int gap = itemGap(l.style, kind);
-                const int step = ItemHeight(l, kind) + gap;
-                QImage image(PictureWidth, 5 * step, QImage::Format_RGB32);
-                image.fill(translateColor(l.colors.back, classicPalette()));
-                QPainter p(&image);
-                const IconGeometry geometry = iconGeometryFor(l.style, kind, PictureWidth, IconGeometry());
-                for (int k = 0; k < 5; ++k) {
-                    ItemPaint i = item(k == 1 ? ItemHot : k == 2 ? ItemPressed : ItemNormal, captions[k]);
-                    i.foreColor = bar.property("ItemForeColor").value<OLE_COLOR>();
-                    i.icon = k + 1;
-                    i.staysDown = i.hasFocus = k == 3;
-                    i.enabled = k != 4;
-                    DrawItem(p, QRect(0, k * step, PictureWidth, step - gap), l, kind, geometry, i,
-                             classicPalette());
-                }
-                p.end();
-                const QString name = QStringLiteral("items-%1-%2.png")
-                                         .arg(styles[style], kind == qvViewSmallIcons ? "small" : "large");
-                QVERIFY(image.save(QDir(folder).filePath(name)));
-            }
-        }
     }
 };
 
