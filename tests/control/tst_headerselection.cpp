@@ -63,84 +63,78 @@ class tst_HeaderSelection : public QObject
     Q_OBJECT
 
 private slots:
-    void open_data();
-    void open();
-    void openHeaderRemoved();
-    void chooseItem();
-};
+    void open_data()
+    {
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("requested");
+        QTest::addColumn<int>("opened");
 
-void tst_HeaderSelection::open_data()
-{
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("requested");
-    QTest::addColumn<int>("opened");
-
-    QTest::newRow("visible request") << "1111" << 1 << 3 << 3;
-    QTest::newRow("hidden request takes the next") << "1101" << 1 << 3 << 4;
-    QTest::newRow("none after: nearest before") << "1100" << 1 << 4 << 2;
-    QTest::newRow("beyond the end: last visible") << "1110" << 1 << 9 << 3;
-    QTest::newRow("below 1: first visible") << "0011" << 4 << -2 << 3;
-    QTest::newRow("none visible") << "0000" << 1 << 2 << 0;
-    QTest::newRow("the open one: reactivated only") << "1111" << 2 << 2 << -1;
-}
-
-void tst_HeaderSelection::open()
-{
-    QFETCH(QString, shown);
-    QFETCH(int, start);
-    QFETCH(int, requested);
-    QFETCH(int, opened);
-    Fixture f(shown, start);
-    // A request for the open header finds its view inactive and activates it again.
-    if (opened < 0)
-        f.views.active.clear();
-
-    const std::optional<HeaderSelection::Change> change = f.selection.open(requested);
-
-    QCOMPARE(change.has_value(), opened >= 0);
-    const int open = opened < 0 ? start : opened;
-    if (change) {
-        QCOMPARE(change->from, start);
-        QCOMPARE(change->to, opened);
+        QTest::newRow("visible request") << "1111" << 1 << 3 << 3;
+        QTest::newRow("hidden request takes the next") << "1101" << 1 << 3 << 4;
+        QTest::newRow("none after: nearest before") << "1100" << 1 << 4 << 2;
+        QTest::newRow("beyond the end: last visible") << "1110" << 1 << 9 << 3;
+        QTest::newRow("below 1: first visible") << "0011" << 4 << -2 << 3;
+        QTest::newRow("none visible") << "0000" << 1 << 2 << 0;
+        QTest::newRow("the open one: reactivated only") << "1111" << 2 << 2 << -1;
     }
-    QCOMPARE(f.selection.position(), open);
-    QCOMPARE(f.views.active, open ? QSet<const Header *> { f.headers.at(open) } : QSet<const Header *>());
-}
+    void open()
+    {
+        QFETCH(QString, shown);
+        QFETCH(int, start);
+        QFETCH(int, requested);
+        QFETCH(int, opened);
+        Fixture f(shown, start);
+        // A request for the open header finds its view inactive and activates it again.
+        if (opened < 0)
+            f.views.active.clear();
 
-void tst_HeaderSelection::openHeaderRemoved()
-{
-    Fixture f(QStringLiteral("1110"), 3);
-    // A header added before the open one moves it, and it stays open.
-    f.headers.Add(1);
-    f.selection.findOpenHeader();
-    QCOMPARE(f.selection.openHeader()->Caption(), QStringLiteral("H3"));
-    QCOMPARE(f.selection.position(), 4);
+        const std::optional<HeaderSelection::Change> change = f.selection.open(requested);
 
-    // The open header goes: the visible one nearest its place opens.
-    f.views.active.clear();
-    f.headers.Remove(4);
-    f.selection.findOpenHeader();
-    QCOMPARE(f.selection.openHeader()->Caption(), QStringLiteral("H2"));
-    QVERIFY(f.views.isActive(f.selection.openHeader()));
-}
+        QCOMPARE(change.has_value(), opened >= 0);
+        const int open = opened < 0 ? start : opened;
+        if (change) {
+            QCOMPARE(change->from, start);
+            QCOMPARE(change->to, opened);
+        }
+        QCOMPARE(f.selection.position(), open);
+        QCOMPARE(f.views.active, open ? QSet<const Header *> { f.headers.at(open) } : QSet<const Header *>());
+    }
 
-void tst_HeaderSelection::chooseItem()
-{
-    Fixture f(QStringLiteral("11"), 2);
-    f.headers.at(2)->Items()->Add(0, QStringLiteral("b2"));
+    void openHeaderRemoved()
+    {
+        Fixture f(QStringLiteral("1110"), 3);
+        // A header added before the open one moves it, and it stays open.
+        f.headers.Add(1);
+        f.selection.findOpenHeader();
+        QCOMPARE(f.selection.openHeader()->Caption(), QStringLiteral("H3"));
+        QCOMPARE(f.selection.position(), 4);
 
-    QVERIFY(f.selection.chooseItem(2));
-    QVERIFY(!f.selection.chooseItem(3));
-    QVERIFY(!f.selection.chooseItem(0));
-    f.selection.setFollowingHistory(true);
-    QVERIFY(f.selection.chooseItem(1));
+        // The open header goes: the visible one nearest its place opens.
+        f.views.active.clear();
+        f.headers.Remove(4);
+        f.selection.findOpenHeader();
+        QCOMPARE(f.selection.openHeader()->Caption(), QStringLiteral("H2"));
+        QVERIFY(f.views.isActive(f.selection.openHeader()));
+    }
 
-    QCOMPARE(f.views.current.value(f.headers.at(2)), 1);
-    // Only the choice made outside the history is recorded.
-    QCOMPARE(f.navigation.headerKeys(), QStringList { "h2" });
-    QCOMPARE(f.navigation.itemKeys(), QStringList { "b2" });
-}
+    void chooseItem()
+    {
+        Fixture f(QStringLiteral("11"), 2);
+        f.headers.at(2)->Items()->Add(0, QStringLiteral("b2"));
+
+        QVERIFY(f.selection.chooseItem(2));
+        QVERIFY(!f.selection.chooseItem(3));
+        QVERIFY(!f.selection.chooseItem(0));
+        f.selection.setFollowingHistory(true);
+        QVERIFY(f.selection.chooseItem(1));
+
+        QCOMPARE(f.views.current.value(f.headers.at(2)), 1);
+        // Only the choice made outside the history is recorded.
+        QCOMPARE(f.navigation.headerKeys(), QStringList { "h2" });
+        QCOMPARE(f.navigation.itemKeys(), QStringList { "b2" });
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_HeaderSelection)
 #include "tst_headerselection.moc"

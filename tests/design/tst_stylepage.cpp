@@ -38,60 +38,55 @@ class tst_StylePage : public QObject
     Q_OBJECT
 
 private slots:
-    void choosing_data();
-    void choosing();
-    void applying();
+    void choosing_data()
+    {
+        QTest::addColumn<int>("current");
+        QTest::addColumn<int>("key"); // 0: none
+        QTest::addColumn<int>("shown");
+        QTest::newRow("Outlook shown") << 0 << 0 << 0;
+        QTest::newRow("down to Windows2000") << 0 << int(Qt::Key_Down) << 1;
+        QTest::newRow("up to OutlookXP") << 3 << int(Qt::Key_Up) << 2;
+        QTest::newRow("WindowsXP shown") << 3 << 0 << 3;
+        QTest::newRow("end: VisualStudio") << 0 << int(Qt::Key_End) << 4;
+        QTest::newRow("unknown style shown as none") << 7 << 0 << -1;
+    }
+    void choosing()
+    {
+        QFETCH(int, current);
+        QFETCH(int, key);
+        QFETCH(int, shown);
+        Quiver bar;
+        bar.setStyle(qvStyle(current));
+        Page p;
+        p.page.setControl(&bar);
+        if (key != 0)
+            QTest::keyClick(p.styles, Qt::Key(key));
+        QCOMPARE(p.styles->currentIndex(), shown);
+        QCOMPARE(p.description->text(), Descriptions.value(shown));
+        QCOMPARE(int(bar.Style()), current);
+    }
+
+    // The button writes the chosen preset to the control, and then shows the
+    // style the control reads: none once it is gone.
+    void applying()
+    {
+        Page p;
+        QVERIFY(!p.apply->isEnabled());
+        auto bar = std::make_unique<Quiver>();
+        bar->InitProperties();
+        p.page.setControl(bar.get());
+        QVERIFY(p.apply->isEnabled());
+        p.styles->setCurrentIndex(qvStyleWindowsXP);
+        QTest::mouseClick(p.apply, Qt::LeftButton);
+        QCOMPARE(bar->Style(), qvStyleWindowsXP);
+        QCOMPARE(bar->BackColor(), rgbColor(222, 219, 214));
+        bar.reset();
+        QTest::mouseClick(p.apply, Qt::LeftButton);
+        QCOMPARE(p.styles->currentIndex(), -1);
+        p.page.setControl(nullptr);
+        QVERIFY(!p.apply->isEnabled());
+    }
 };
-
-void tst_StylePage::choosing_data()
-{
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("key"); // 0: none
-    QTest::addColumn<int>("shown");
-    QTest::newRow("Outlook shown") << 0 << 0 << 0;
-    QTest::newRow("down to Windows2000") << 0 << int(Qt::Key_Down) << 1;
-    QTest::newRow("up to OutlookXP") << 3 << int(Qt::Key_Up) << 2;
-    QTest::newRow("WindowsXP shown") << 3 << 0 << 3;
-    QTest::newRow("end: VisualStudio") << 0 << int(Qt::Key_End) << 4;
-    QTest::newRow("unknown style shown as none") << 7 << 0 << -1;
-}
-
-void tst_StylePage::choosing()
-{
-    QFETCH(int, current);
-    QFETCH(int, key);
-    QFETCH(int, shown);
-    Quiver bar;
-    bar.setStyle(qvStyle(current));
-    Page p;
-    p.page.setControl(&bar);
-    if (key != 0)
-        QTest::keyClick(p.styles, Qt::Key(key));
-    QCOMPARE(p.styles->currentIndex(), shown);
-    QCOMPARE(p.description->text(), Descriptions.value(shown));
-    QCOMPARE(int(bar.Style()), current);
-}
-
-// The button writes the chosen preset to the control, and then shows the
-// style the control reads: none once it is gone.
-void tst_StylePage::applying()
-{
-    Page p;
-    QVERIFY(!p.apply->isEnabled());
-    auto bar = std::make_unique<Quiver>();
-    bar->InitProperties();
-    p.page.setControl(bar.get());
-    QVERIFY(p.apply->isEnabled());
-    p.styles->setCurrentIndex(qvStyleWindowsXP);
-    QTest::mouseClick(p.apply, Qt::LeftButton);
-    QCOMPARE(bar->Style(), qvStyleWindowsXP);
-    QCOMPARE(bar->BackColor(), rgbColor(222, 219, 214));
-    bar.reset();
-    QTest::mouseClick(p.apply, Qt::LeftButton);
-    QCOMPARE(p.styles->currentIndex(), -1);
-    p.page.setControl(nullptr);
-    QVERIFY(!p.apply->isEnabled());
-}
 
 QTEST_MAIN(tst_StylePage)
 #include "tst_stylepage.moc"

@@ -110,78 +110,72 @@ class tst_StylePreset : public QObject
     Q_OBJECT
 
 private slots:
-    void presets_data();
-    void presets();
-    void keptStyle_data();
-    void keptStyle();
-};
-
-void tst_StylePreset::presets_data()
-{
-    QTest::addColumn<QList<int>>("earlier"); // presets applied first
-    QTest::addColumn<int>("style");
-    QTest::newRow("Outlook after custom colours") << QList<int> {} << 0;
-    QTest::newRow("Windows2000") << QList<int> {} << 1;
-    QTest::newRow("OutlookXP") << QList<int> {} << 2;
-    QTest::newRow("WindowsXP") << QList<int> {} << 3;
-    QTest::newRow("VisualStudio") << QList<int> {} << 4;
-    QTest::newRow("VisualStudio after WindowsXP") << QList<int> { 3 } << 4;
-}
-
-void tst_StylePreset::presets()
-{
-    QFETCH(QList<int>, earlier);
-    QFETCH(int, style);
-    Quiver bar;
-    customise(bar, style);
-    for (const int other : earlier)
-        bar.ApplyStylePreset(qvStyle(other));
-    const QVariantHash before = ownProperties(bar);
-    QSignalSpy announced(&bar, &Quiver::PropertyChanged);
-
-    QVERIFY(QMetaObject::invokeMethod(&bar, "ApplyStylePreset", Q_ARG(OrrinQuiver::qvStyle, qvStyle(style))));
-
-    QCOMPARE(announced.value(0).value(0).toString(), QStringLiteral("Style"));
-    QVERIFY(!bar.ItemMouseIcon().isValid());
-    QVariantHash after = ownProperties(bar);
-    after.remove(QStringLiteral("ItemMouseIcon"));
-    for (const Expected &result : Results) {
-        const QString name = QLatin1String(result.property);
-        const OLE_COLOR want
-            = result.values[style] == Kept ? before.value(name).toUInt() : result.values[style];
-        QCOMPARE(name + QString::number(after.take(name).toUInt(), 16), name + QString::number(want, 16));
+    void presets_data()
+    {
+        QTest::addColumn<QList<int>>("earlier"); // presets applied first
+        QTest::addColumn<int>("style");
+        QTest::newRow("Outlook after custom colours") << QList<int> {} << 0;
+        QTest::newRow("Windows2000") << QList<int> {} << 1;
+        QTest::newRow("OutlookXP") << QList<int> {} << 2;
+        QTest::newRow("WindowsXP") << QList<int> {} << 3;
+        QTest::newRow("VisualStudio") << QList<int> {} << 4;
+        QTest::newRow("VisualStudio after WindowsXP") << QList<int> { 3 } << 4;
     }
-    for (auto it = after.cbegin(); it != after.cend(); ++it)
-        QVERIFY2(it.value() == before.value(it.key()), qPrintable(it.key()));
-}
+    void presets()
+    {
+        QFETCH(QList<int>, earlier);
+        QFETCH(int, style);
+        Quiver bar;
+        customise(bar, style);
+        for (const int other : earlier)
+            bar.ApplyStylePreset(qvStyle(other));
+        const QVariantHash before = ownProperties(bar);
+        QSignalSpy announced(&bar, &Quiver::PropertyChanged);
 
-void tst_StylePreset::keptStyle_data()
-{
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<bool>("refuse");
-    QTest::addColumn<OLE_COLOR>("expectedBack");
-    QTest::newRow("refused, WindowsXP kept") << 3 << 0 << true << rgbColor(222, 219, 214);
-    QTest::newRow("refused, unknown style kept") << 7 << 1 << true << Kept;
-    QTest::newRow("asked for an unknown style") << 2 << 5 << false << Kept;
-    QTest::newRow("asked for a negative style") << 2 << -1 << false << Kept;
-}
+        QVERIFY(
+            QMetaObject::invokeMethod(&bar, "ApplyStylePreset", Q_ARG(OrrinQuiver::qvStyle, qvStyle(style))));
 
-void tst_StylePreset::keptStyle()
-{
-    QFETCH(int, current);
-    QFETCH(int, asked);
-    QFETCH(bool, refuse);
-    QFETCH(OLE_COLOR, expectedBack);
-    Quiver bar;
-    customise(bar, 0);
-    bar.setStyle(qvStyle(current));
-    const OLE_COLOR before = bar.BackColor();
-    RefusingTarget refusing(&bar);
-    StylePreset::apply(asked, refuse ? refusing : *refusing.inner);
-    QCOMPARE(int(bar.Style()), current);
-    QCOMPARE(bar.BackColor(), expectedBack == Kept ? before : expectedBack);
-}
+        QCOMPARE(announced.value(0).value(0).toString(), QStringLiteral("Style"));
+        QVERIFY(!bar.ItemMouseIcon().isValid());
+        QVariantHash after = ownProperties(bar);
+        after.remove(QStringLiteral("ItemMouseIcon"));
+        for (const Expected &result : Results) {
+            const QString name = QLatin1String(result.property);
+            const OLE_COLOR want
+                = result.values[style] == Kept ? before.value(name).toUInt() : result.values[style];
+            QCOMPARE(name + QString::number(after.take(name).toUInt(), 16), name + QString::number(want, 16));
+        }
+        for (auto it = after.cbegin(); it != after.cend(); ++it)
+            QVERIFY2(it.value() == before.value(it.key()), qPrintable(it.key()));
+    }
+
+    void keptStyle_data()
+    {
+        QTest::addColumn<int>("current");
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<bool>("refuse");
+        QTest::addColumn<OLE_COLOR>("expectedBack");
+        QTest::newRow("refused, WindowsXP kept") << 3 << 0 << true << rgbColor(222, 219, 214);
+        QTest::newRow("refused, unknown style kept") << 7 << 1 << true << Kept;
+        QTest::newRow("asked for an unknown style") << 2 << 5 << false << Kept;
+        QTest::newRow("asked for a negative style") << 2 << -1 << false << Kept;
+    }
+    void keptStyle()
+    {
+        QFETCH(int, current);
+        QFETCH(int, asked);
+        QFETCH(bool, refuse);
+        QFETCH(OLE_COLOR, expectedBack);
+        Quiver bar;
+        customise(bar, 0);
+        bar.setStyle(qvStyle(current));
+        const OLE_COLOR before = bar.BackColor();
+        RefusingTarget refusing(&bar);
+        StylePreset::apply(asked, refuse ? refusing : *refusing.inner);
+        QCOMPARE(int(bar.Style()), current);
+        QCOMPARE(bar.BackColor(), expectedBack == Kept ? before : expectedBack);
+    }
+};
 
 QTEST_MAIN(tst_StylePreset)
 #include "tst_stylepreset.moc"
