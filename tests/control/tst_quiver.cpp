@@ -1,12 +1,8 @@
+#include "QuiverTest.h"
+
 #include "control/PropertyTable.h"
-#include "control/Quiver.h"
 #include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
-#include "model/Navigation.h"
 
 #include <QtCore/QTemporaryFile>
 #include <QtCore/QTimer>
@@ -15,14 +11,10 @@
 #include <QtGui/QIcon>
 #include <QtGui/QImage>
 #include <QtGui/QPixmap>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QTextEdit>
-
-using namespace OrrinQuiver;
 
 namespace {
 
@@ -32,21 +24,6 @@ QByteArray rowProperty() { return QByteArray(QTest::currentDataTag()).split(' ')
 
 // The number that ends a row's name.
 qlonglong rowNumber(const QByteArray &row) { return row.split(' ').last().toLongLong(nullptr, 0); }
-
-// The names announced by PropertyChanged so far, in order.
-QStringList announced(const QSignalSpy &spy)
-{
-    QStringList names;
-    for (const QList<QVariant> &arguments : spy)
-        names.append(arguments.at(0).toString());
-    return names;
-}
-
-// A control as a form's new instance gets it: with its initial properties.
-struct Bar : Quiver
-{
-    Bar() { InitProperties(); }
-};
 
 QVariant pixmapOf(int size)
 {
@@ -95,7 +72,7 @@ private slots:
     void initialValues()
     {
         QFETCH(qlonglong, expected);
-        Bar bar;
+        NewQuiver bar;
         const QByteArray name = QTest::currentDataTag();
         const QVariant value = name == "TrackNavigation" ? bar.Navigation()->Enabled() : bar.property(name);
         QVERIFY(value.isValid());
@@ -146,7 +123,7 @@ private slots:
         QFETCH(int, value);
         QFETCH(int, stored);
         const QByteArray property = rowProperty();
-        Bar bar;
+        NewQuiver bar;
         QVERIFY(bar.setProperty(property.constData(), value));
         QCOMPARE(bar.property(property.constData()).toInt(), stored);
         if (property == "FlashDelay")
@@ -190,7 +167,7 @@ private slots:
         QFETCH(int, first);
         QFETCH(int, second);
         const QByteArray property = rowProperty();
-        Bar bar;
+        NewQuiver bar;
         QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
         QVERIFY(bar.setProperty(property.constData(), value));
@@ -207,7 +184,7 @@ private slots:
 
     void shadowSetsHighlight()
     {
-        Bar bar;
+        NewQuiver bar;
         bar.setShadowColor(0x123456);
         QCOMPARE(bar.HighlightColor(), OLE_COLOR(0x123456));
         bar.setHighlightColor(0x654321);
@@ -234,7 +211,7 @@ private slots:
         QFETCH(bool, small);
         QFETCH(bool, byValue);
         QFETCH(bool, laysOut);
-        Bar bar;
+        NewQuiver bar;
         const int before = bar.HeaderHeight();
         QFont large = bar.font();
         large.setPixelSize(QFontMetrics(large).height() * 3);
@@ -273,7 +250,7 @@ private slots:
         QFETCH(QVariant, picture);
         QFETCH(bool, accepted);
         QFETCH(bool, none);
-        Bar bar;
+        NewQuiver bar;
         const QVariant old = QCursor(Qt::SizeAllCursor);
         bar.setItemMouseIcon(old);
         bar.setItemMousePointer(99);
@@ -294,7 +271,7 @@ private slots:
 
     void headerPictures()
     {
-        Bar bar;
+        NewQuiver bar;
         bar.setDesignMode(true);
         bar.setHeaderMouseIcon(QCursor(Qt::CrossCursor));
         bar.setHeaderMousePointer(5);
@@ -320,7 +297,7 @@ private slots:
 
     void itemViewsShowItemPointer()
     {
-        Bar bar;
+        NewQuiver bar;
         bar.setItemMousePointer(3);
         bar.Headers()->Add();
         for (const ItemContainer *view : bar.findChildren<ItemContainer *>())
@@ -357,7 +334,7 @@ private slots:
     {
         QFETCH(QFont, font);
         QFETCH(bool, taken);
-        Bar bar;
+        NewQuiver bar;
         bar.Headers()->Add();
         QSignalSpy spy(&bar, &Quiver::PropertyChanged);
 
@@ -388,7 +365,7 @@ private slots:
         QFETCH(QList<int>, delays);
         QFETCH(QList<int>, smooth);
         QFETCH(int, interval);
-        Bar bar;
+        NewQuiver bar;
         for (int delay : delays)
             bar.setScrollDelay(delay);
         for (int on : smooth)
@@ -414,7 +391,7 @@ private slots:
     {
         QFETCH(QString, change);
         QFETCH(QString, open);
-        Bar bar;
+        NewQuiver bar;
         bar.Headers()->at(1)->setCaption(QStringLiteral("H1"));
         for (int i = 2; i <= 4; ++i)
             bar.Headers()->Add(0, QString(), QStringLiteral("H%1").arg(i));
@@ -444,7 +421,7 @@ private slots:
 
     void selectItemRecordsAndNotifies()
     {
-        Bar bar;
+        NewQuiver bar;
         Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
         second->Items()->Add(0, QStringLiteral("a"), QStringLiteral("A"));
         Item *b = second->Items()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
@@ -460,7 +437,7 @@ private slots:
 
     void historyMoveOpensWithoutRecording()
     {
-        Bar bar;
+        NewQuiver bar;
         Header *first = bar.Headers()->at(1);
         Header *second = bar.Headers()->Add(0, QStringLiteral("h2"), QStringLiteral("Second"));
         Item *a = first->Items()->Add(0, QStringLiteral("a"));
@@ -486,7 +463,7 @@ private slots:
 
     void barIdsNeverReused()
     {
-        Bar bar;
+        NewQuiver bar;
         bar.Headers()->Add();
         bar.Headers()->Add();
         bar.Headers()->Remove(2);
@@ -502,7 +479,7 @@ private slots:
         QVERIFY(file.open());
         file.write("RIFF-sound");
         file.close();
-        Bar bar;
+        NewQuiver bar;
         const QuiverSounds::Sound &sound = bar.findChild<QuiverSounds *>()->sound(QuiverSounds::ItemSound);
 
         bar.setSoundItemURL(QUrl::fromLocalFile(file.fileName()).toString());
@@ -519,7 +496,7 @@ private slots:
     {
         QWidget window;
         auto *row = new QHBoxLayout(&window);
-        auto *bar = new Bar;
+        auto *bar = new NewQuiver;
         const QString caption = QStringLiteral("Mail and calendar folders");
         bar->Headers()->Add(0, QString(), caption)->Items()->Add(0, QString(), QStringLiteral("Inbox"));
         bar->Headers()->Add(0, QString(), QStringLiteral("Notes"));

@@ -1,12 +1,10 @@
-#include "control/Quiver.h"
+#include "QuiverTest.h"
+
 #include "design/StylePage.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
-
-using namespace OrrinQuiver;
 
 namespace {
 
@@ -72,8 +70,7 @@ private slots:
     {
         Page p;
         QVERIFY(!p.apply->isEnabled());
-        auto bar = std::make_unique<Quiver>();
-        bar->InitProperties();
+        auto bar = std::make_unique<NewQuiver>();
         p.page.setControl(bar.get());
         QVERIFY(p.apply->isEnabled());
         p.styles->setCurrentIndex(qvStyleWindowsXP);

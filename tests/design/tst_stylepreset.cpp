@@ -1,12 +1,9 @@
-#include "control/Quiver.h"
+#include "QuiverTest.h"
+
 #include "control/StylePreset.h"
 #include "platform/MousePointer.h"
 
 #include <QtGui/QCursor>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-
-using namespace OrrinQuiver;
 
 namespace {
 

@@ -1,4 +1,5 @@
-#include "control/Quiver.h"
+
+#include "QuiverTest.h"
 
 #include <QtCore/QMetaEnum>
 #include <QtCore/QRegularExpression>
@@ -11,13 +12,10 @@
 #include <QtDesigner/QExtensionManager>
 #include <QtGui/QAction>
 #include <QtGui/QUndoStack>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QPushButton>
-
-using namespace OrrinQuiver;
 
 namespace {
 

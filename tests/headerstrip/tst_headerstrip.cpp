@@ -1,24 +1,20 @@
+#include "QuiverTest.h"
+
 #include "RecordingSoundOutput.h"
 
 #include "control/DrawHeader.h"
 #include "control/HeaderBar.h"
 #include "control/HeaderGeometry.h"
 #include "control/HeaderStrip.h"
-#include "control/Quiver.h"
 #include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
 #include "model/ControlLink.h"
-#include "model/Header.h"
-#include "model/Headers.h"
 #include "platform/SlideMover.h"
 #include "platform/SystemColors.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QFontMetrics>
-#include <QtTest/QTest>
-
-using namespace OrrinQuiver;
 
 namespace {
 
@@ -29,8 +25,7 @@ constexpr int Height = 400;
 // at a fixed font and palette, without animation.
 std::unique_ptr<Quiver> makeBar(int count, qvStyle style = qvStyleOutlook)
 {
-    auto q = std::make_unique<Quiver>();
-    q->InitProperties();
+    auto q = std::make_unique<NewQuiver>();
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(12);
     q->setFont(font);

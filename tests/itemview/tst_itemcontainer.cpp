@@ -1,24 +1,17 @@
-#include "control/Quiver.h"
+#include "QuiverTest.h"
+
 #include "itemview/DrawItem.h"
 #include "itemview/ItemContainer.h"
 #include "itemview/ItemLook.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
 #include <QtGui/QDropEvent>
 #include <QtGui/QImage>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QVBoxLayout>
-
-using namespace OrrinQuiver;
 
 namespace {
 
@@ -282,8 +275,7 @@ private slots:
     {
         QFETCH(QString, property);
         QFETCH(QVariant, value);
-        Quiver bar;
-        bar.InitProperties();
+        NewQuiver bar;
         QVERIFY(bar.setProperty(property.toLatin1(), value));
         Header *added = bar.Headers()->Add();
         for (Header *header : { bar.Headers()->at(1), added }) {

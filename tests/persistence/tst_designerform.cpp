@@ -1,6 +1,5 @@
-#include "control/Quiver.h"
-#include "model/Headers.h"
-#include "model/Navigation.h"
+#include "QuiverTest.h"
+
 #include "serialize/FormPropertyBag.h"
 
 #include <QtCore/QFile>
@@ -13,9 +12,7 @@
 #include <QtDesigner/QDesignerIntegration>
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
-#include <QtTest/QTest>
 
-using namespace OrrinQuiver;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -119,8 +116,7 @@ private slots:
         QCOMPARE(quiver->Headers()->Count(), 1);
         QCOMPARE(quiver->OLEDropMode(), qvOLEDropHeadersItems);
         QVERIFY(quiver->Navigation()->Enabled());
-        Quiver fresh;
-        fresh.InitProperties();
+        NewQuiver fresh;
         QCOMPARE(quiver->PropertyBagText(), fresh.PropertyBagText());
     }
 

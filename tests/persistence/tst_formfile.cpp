@@ -1,20 +1,14 @@
-#include "control/Quiver.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
-#include "model/Navigation.h"
+#include "QuiverTest.h"
+
 #include "ui_navigation.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QPluginLoader>
-#include <QtTest/QTest>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <QtUiTools/QUiLoader>
 
 #include <memory>
 
-using namespace OrrinQuiver;
 using namespace Qt::StringLiterals;
 
 namespace {

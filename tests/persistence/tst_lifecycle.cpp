@@ -1,25 +1,19 @@
-#include "control/Quiver.h"
+#include "QuiverTest.h"
+
 #include "control/QuiverSounds.h"
 #include "control/modQuiver.h"
 #include "itemview/ItemContainer.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
-#include "model/Navigation.h"
 #include "serialize/MemoryPropertyBag.h"
 
 #include <QtCore/QTemporaryFile>
 #include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtCore/QtEndian>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 #include <memory>
 
-using namespace OrrinQuiver;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -51,8 +45,7 @@ private slots:
     {
         QFETCH(QSize, requested);
         QFETCH(QSize, expected);
-        Quiver control;
-        control.InitProperties();
+        NewQuiver control;
         control.show();
         control.resize(requested);
         QCOMPARE(control.size(), expected);

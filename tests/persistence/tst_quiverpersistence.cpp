@@ -1,22 +1,15 @@
+#include "QuiverTest.h"
+
 #include "control/PropertyTable.h"
-#include "control/Quiver.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
-#include "model/Navigation.h"
 #include "serialize/MemoryPropertyBag.h"
 #include "serialize/SettingsPropertyBag.h"
 
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 
 #include <algorithm>
 #include <optional>
 
-using namespace OrrinQuiver;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -124,10 +117,7 @@ private slots:
         control->ReadProperties(MemoryPropertyBag(values));
 
         // Every setter announces its change, in the order the values are read.
-        QStringList announced;
-        for (const auto &change : changes)
-            announced << change.at(0).toString();
-        QCOMPARE(announced,
+        QCOMPARE(announced(changes),
                  names(u"Style Font BackColor DefaultMaskColor CheckColor ShadowColor DkShadowColor "
                        "HighlightColor HeaderBackColor HeaderForeColor HeaderOverForeColor ItemForeColor "
                        "ItemOverForeColor ItemOverBackColor ItemDownBackColor ItemDownForeColor HeaderMouseIcon "
@@ -199,8 +189,7 @@ private slots:
         QFETCH(QStringList, tail);
 
         QWidget form;
-        auto *original = new Quiver(&form);
-        original->InitProperties();
+        auto *original = new NewQuiver(&form);
         if (content == u"full")
             fill(form, *original);
         if (content == u"defaults") {

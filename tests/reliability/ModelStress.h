@@ -1,14 +1,10 @@
 #pragma once
 
-#include "control/Quiver.h"
+#include "QuiverTest.h"
+
 #include "core/QuiverError.h"
 #include "itemview/ItemContainer.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
 #include "model/ModelChecker.h"
-#include "model/Navigation.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
@@ -22,8 +18,6 @@
 #include <tuple>
 #include <type_traits>
 #include <vector>
-
-using namespace OrrinQuiver;
 
 // The operations of one run; QUIVER_STRESS_STEPS sets another number for a
 // longer campaign.

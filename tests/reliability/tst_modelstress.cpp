@@ -101,8 +101,7 @@ private slots:
         QFETCH(int, itemsPerHeader);
 
         const quint64 seed = runSeed();
-        Quiver bar;
-        bar.InitProperties();
+        NewQuiver bar;
         // Slides jump at once, so that a seed replays the same sequence.
         bar.setSmoothScroll(false);
         bar.resize(200, 480);

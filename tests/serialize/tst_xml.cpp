@@ -1,27 +1,20 @@
+#include "QuiverTest.h"
+
 #include "RecordingControlLink.h"
 
-#include "control/Quiver.h"
 #include "core/QuiverError.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Item.h"
-#include "model/Items.h"
 #include "model/ModelChecker.h"
-#include "model/Navigation.h"
 #include "platform/SystemColors.h"
 #include "serialize/XmlReader.h"
 #include "serialize/modWebColorFuncs.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QXmlStreamReader>
-#include <QtTest/QTest>
 
 #include <pugixml.hpp>
 
 #include <cstdlib>
 #include <functional>
-
-using namespace OrrinQuiver;
 
 using Setup = std::function<void(Quiver &)>;
 Q_DECLARE_METATYPE(Setup)
@@ -191,8 +184,7 @@ private slots:
     // Every style attribute in its place, system colours resolved to colour text.
     void writeStyle()
     {
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         quiver.setPalette(classicPalette());
         QFont font(QStringLiteral("Sans"));
         font.setPointSizeF(8.25);
@@ -269,16 +261,14 @@ private slots:
     {
         QFETCH(Setup, setup);
         QFETCH(QStringList, lines);
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         setup(quiver);
         QCOMPARE(elementLines(quiver.XML()).mid(1), lines);
     }
 
     void writeFragmentAndHistory()
     {
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         Items *items = quiver.Headers()->at(1)->Items();
         items->Add(0, "a", "A")->setToolTipText("tip");
         items->Add(0, "b", "B");
@@ -321,8 +311,7 @@ private slots:
         QFETCH(QString, file);
         QFETCH(int, number);
         QFETCH(QString, description);
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         quiver.Headers()->at(1)->Items()->Add(0, "kept", "Kept");
         const QString before = quiver.XML();
         QCOMPARE(errorOf([&] { quiver.setXML(fixture(file)); }), std::make_pair(number, description));
@@ -382,8 +371,7 @@ private slots:
         QFETCH(QString, file);
         QFETCH(QStringList, lines);
         QFETCH(QString, style);
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         quiver.setFont(QFont(QStringLiteral("Sans"), 9));
         quiver.setXML(fixture(file));
         QCOMPARE(outline(quiver), lines);
@@ -460,8 +448,7 @@ private slots:
         QFETCH(QString, xml);
         QFETCH(int, number);
         QFETCH(QStringList, lines);
-        Quiver quiver;
-        quiver.InitProperties();
+        NewQuiver quiver;
         Header *header = quiver.Headers()->at(1);
         header->Items()->Add(0, "old", "Old");
         QCOMPARE(errorOf([&] { header->setXML(xml); }).first, number);
@@ -537,12 +524,10 @@ private slots:
     void roundTrip()
     {
         QFETCH(Setup, setup);
-        Quiver source;
-        source.InitProperties();
+        NewQuiver source;
         setup(source);
         const QString xml = source.XML();
-        Quiver copy;
-        copy.InitProperties();
+        NewQuiver copy;
         copy.setXML(xml);
         QCOMPARE(copy.XML(), xml);
         QCOMPARE(outline(copy), outline(source));
