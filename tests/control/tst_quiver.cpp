@@ -1,10 +1,8 @@
 #include "QuiverTest.h"
 
 #include "control/PropertyTable.h"
-#include "control/QuiverSounds.h"
 #include "itemview/ItemContainer.h"
 
-#include <QtCore/QTemporaryFile>
 #include <QtCore/QTimer>
 #include <QtGui/QBitmap>
 #include <QtGui/QGuiApplication>
@@ -471,23 +469,6 @@ private slots:
         QCOMPARE(added->barId(), 4);
         QCOMPARE(bar.Headers()->at(1)->barId(), 1);
         QTRY_COMPARE(bar.findChildren<ItemContainer *>().size(), 3);
-    }
-
-    void soundFetched()
-    {
-        QTemporaryFile file;
-        QVERIFY(file.open());
-        file.write("RIFF-sound");
-        file.close();
-        NewQuiver bar;
-        const QuiverSounds::Sound &sound = bar.findChild<QuiverSounds *>()->sound(QuiverSounds::ItemSound);
-
-        bar.setSoundItemURL(QUrl::fromLocalFile(file.fileName()).toString());
-        QTRY_VERIFY(sound.loaded);
-        QCOMPARE(sound.data, QByteArray("RIFF-sound"));
-
-        bar.setSoundItemURL(QString());
-        QVERIFY(!sound.loaded);
     }
 
     // Beside an editor in a row layout the bar keeps room for its widest header

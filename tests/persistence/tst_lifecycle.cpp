@@ -136,6 +136,10 @@ private slots:
             ++loaded;
         }
         QCOMPARE(loaded, 1);
+        // An empty address unloads it again.
+        control.setProperty(property.constData(), QString());
+        for (auto kind : { QuiverSounds::ItemSound, QuiverSounds::HeaderUpSound, QuiverSounds::HeaderDownSound })
+            QVERIFY(!sounds->sound(kind).loaded);
     }
 
     void folderSound()
