@@ -23,34 +23,29 @@ private slots:
         QTest::addColumn<QStringList>("moves");
         QTest::addColumn<QStringList>("headerKeys");
 
-        const QStringList abc { "a:1", "b:2", "c:3" };
-        const QStringList abcde = abc + QStringList { "d:4", "e:5" };
-        QTest::newRow("nothing yet") << QStringList() << 0 << false << false << QStringList() << QStringList();
-        QTest::newRow("same pair twice is one entry")
-            << QStringList { "a:1", "a:1" } << 1 << false << false << QStringList() << QStringList { "a" };
-        QTest::newRow("compared with letter case") << QStringList { "a:1", "A:1" } << 2 << true << false << QStringList()
-                                                   << QStringList { "a", "A" };
-        QTest::newRow("empty keys are not recorded")
-            << QStringList { ":1", "a:" } << 0 << false << false << QStringList() << QStringList();
-        QTest::newRow("three entries") << abc << 3 << true << false << QStringList() << QStringList { "a", "b", "c" };
-        QTest::newRow("back reads one place on") << abc + QStringList { "-1" } << 2 << true << false
-                                                 << QStringList { "c:3" } << QStringList { "a", "b", "c" };
-        QTest::newRow("back 10 from 5 stops at 1") << abcde + QStringList { "-10" } << 1 << false << true
-                                                   << QStringList { "b:2" } << QStringList { "a", "b", "c", "d", "e" };
-        QTest::newRow("forward stops at the last list index")
-            << abcde + QStringList { "-10", "+10" } << 4 << true << false << QStringList { "b:2", "e:5" }
-            << QStringList { "a", "b", "c", "d", "e" };
-        QTest::newRow("recording after back drops the forward part")
-            << abc + QStringList { "-2", "d:4" } << 2 << true << false << QStringList { "b:2" } << QStringList { "a", "d" };
-        QTest::newRow("position set back") << abcde + QStringList { "=2" } << 2 << true << true << QStringList { "c:3" }
-                                           << QStringList { "a", "b", "c", "d", "e" };
-        QTest::newRow("position set to itself") << abc + QStringList { "=3" } << 3 << true << false << QStringList()
-                                                << QStringList { "a", "b", "c" };
-        QTest::newRow("clear") << abc + QStringList { "clear" } << 0 << false << false << QStringList()
-                               << QStringList { "" };
-        QTest::newRow("disabled: no recording, no moves")
-            << QStringList { "a:1", "b:2", "off", "c:3", "-1" } << 2 << false << false << QStringList()
-            << QStringList { "a", "b" };
+        // Every list as a text of words; '' stands for an empty key.
+        const auto row = [](const char *name, const QString &steps, int position, bool back, bool forward,
+                            const char *moves, const char *keys) {
+            const auto words = [](const QString &text) {
+                return text.split(u' ', Qt::SkipEmptyParts).replaceInStrings(QStringLiteral("''"), QString());
+            };
+            QTest::newRow(name) << words(steps) << position << back << forward << words(moves) << words(keys);
+        };
+        const QString abc = QStringLiteral("a:1 b:2 c:3 "), abcde = abc + QStringLiteral("d:4 e:5 ");
+        row("nothing yet", "", 0, false, false, "", "");
+        row("same pair twice is one entry", "a:1 a:1", 1, false, false, "", "a");
+        row("compared with letter case", "a:1 A:1", 2, true, false, "", "a A");
+        row("empty keys are not recorded", ":1 a:", 0, false, false, "", "");
+        row("three entries", abc, 3, true, false, "", "a b c");
+        row("back reads one place on", abc + "-1", 2, true, false, "c:3", "a b c");
+        row("back 10 from 5 stops at 1", abcde + "-10", 1, false, true, "b:2", "a b c d e");
+        row("forward stops at the last list index", abcde + "-10 +10", 4, true, false, "b:2 e:5",
+            "a b c d e");
+        row("recording after back drops the forward part", abc + "-2 d:4", 2, true, false, "b:2", "a d");
+        row("position set back", abcde + "=2", 2, true, true, "c:3", "a b c d e");
+        row("position set to itself", abc + "=3", 3, true, false, "", "a b c");
+        row("clear", abc + "clear", 0, false, false, "", "''");
+        row("disabled: no recording, no moves", "a:1 b:2 off c:3 -1", 2, false, false, "", "a b");
     }
     void history()
     {
