@@ -5,6 +5,7 @@
 
 #include <QtCore/QMetaEnum>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
 #include <QtGui/QStyleHints>
 #include <QtGui/QWindow>
 #include <QtQml/QJSEngine>
@@ -124,6 +125,38 @@ void ScriptTestDriver::key(const QString &name, const QString &modifiers)
     const char ascii = QTest::keyToAscii(Qt::Key(code));
     const QString text = ascii ? QString(QLatin1Char(ascii)) : QString();
     QTest::sendKeyEvent(QTest::Click, window, Qt::Key(code), mods & Qt::ShiftModifier ? text.toUpper() : text, mods);
+}
+
+QJSValue ScriptTestDriver::arrow(int index)
+{
+    if (index != 0 && index != 1) {
+        fail(QStringLiteral("Test.arrow: %1 is not an arrow (0 or 1)").arg(index));
+        return QJSValue::UndefinedValue;
+    }
+    QJSEngine *engine = qjsEngine(this);
+    const QWidget *button
+        = m_target ? m_target->findChild<QWidget *>(QStringLiteral("picArrows%1").arg(index)) : nullptr;
+    if (!engine || !button || !button->isVisibleTo(m_target))
+        return QJSValue::NullValue;
+    QJSValue rect = engine->newObject();
+    rect.setProperty(QStringLiteral("x"), button->x());
+    rect.setProperty(QStringLiteral("y"), button->y());
+    rect.setProperty(QStringLiteral("width"), button->width());
+    rect.setProperty(QStringLiteral("height"), button->height());
+    return rect;
+}
+
+QJSValue ScriptTestDriver::pixel(int x, int y)
+{
+    if (!m_target || !m_target->rect().contains(x, y)) {
+        fail(QStringLiteral("Test.pixel: (%1, %2) is not on the control").arg(x).arg(y));
+        return QJSValue::UndefinedValue;
+    }
+    // Painted at one device pixel per pixel, whatever the screen's ratio.
+    QImage picture(m_target->size(), QImage::Format_RGB32);
+    m_target->render(&picture);
+    const QRgb rgb = picture.pixel(x, y);
+    return QJSValue(int(qRed(rgb) | (qGreen(rgb) << 8) | (qBlue(rgb) << 16)));
 }
 
 void ScriptTestDriver::grab(const QString &path)

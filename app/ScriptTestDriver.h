@@ -3,6 +3,7 @@
 #include <QtCore/QEvent>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtQml/QJSValue>
 #include <QtWidgets/QWidget>
 
 #include <functional>
@@ -46,6 +47,13 @@ public:
     // `name` is a Qt key name without "Key_" ("Down", "PageUp", "Return",
     // "F2", "A"); `modifiers` joins "Ctrl", "Shift", "Alt", "Meta" with "+".
     Q_INVOKABLE void key(const QString &name, const QString &modifiers = {});
+    // The rectangle {x, y, width, height} of scroll arrow `index` (0 or 1)
+    // in the control's coordinates while it is shown; null while it is
+    // hidden. Another index throws.
+    Q_INVOKABLE QJSValue arrow(int index);
+    // The colour at (x, y) of the control as it is painted now, as a number
+    // 0xBBGGRR; a point outside the control throws.
+    Q_INVOKABLE QJSValue pixel(int x, int y);
     // Saves a PNG picture of the control.
     Q_INVOKABLE void grab(const QString &path);
     // Resizes the control (its window follows); both sides must be positive.

@@ -1,6 +1,8 @@
 #include "control/ItemRelay.h"
 
+#include "control/KeyCommands.h"
 #include "control/QuiverSounds.h"
+#include "control/ScrollArrows.h"
 #include "control/Quiver_p.h"
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
@@ -33,6 +35,33 @@ void ItemRelay::attach(ItemContainer *view)
             [this, view](const QString &item, int b, int s, float x, float y) {
                 mouse(Mouse::Up, view, item, b, s, x, y);
             });
+    connect(view, &ItemContainer::SetScrollArrows, this,
+            [this, view](bool *up, bool *down) { scrollArrows(view, *up, *down); });
+    connect(view, &ItemContainer::ItemKeyEvent, this,
+            [this](const QString &, const QString &command, bool *cancel) { keyCommand(command, *cancel); });
+}
+
+// Only the open header's view has arrows. While the bars slide they wait:
+// the layout at the slide's end asks the view again.
+void ItemRelay::scrollArrows(ItemContainer *view, bool up, bool down)
+{
+    quietly([&] {
+        if (view == d.openView() && !d.strip->isSliding())
+            d.arrows->update(*view, up, down);
+    });
+}
+
+// A focused item's keys reach the control while it holds the focus, which
+// it does whenever a key arrives from one of its items; a handler that set
+// Cancel runs the command in any case.
+void ItemRelay::keyCommand(const QString &command, bool cancel)
+{
+    quietly([&] {
+        if (!cancel && !d.hasFocus)
+            return;
+        if (const std::optional<KeyCommand> parsed = parseKeyCommand(command))
+            runKeyCommand(d, *parsed);
+    });
 }
 
 // The item sound, then the item becomes the open header's current one (which

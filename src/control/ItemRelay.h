@@ -26,6 +26,8 @@ private:
     enum class Mouse { Down, Move, Up };
 
     void itemClick(const QString &itemKey);
+    void scrollArrows(ItemContainer *view, bool up, bool down);
+    void keyCommand(const QString &command, bool cancel);
     // A mouse event over an item goes to the host as an item event; one over
     // the view's empty space as a header event of the open header, with the
     // point moved out of the view (see the .cpp).

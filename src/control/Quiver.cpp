@@ -5,6 +5,7 @@
 #include "control/ItemRelay.h"
 #include "control/Quiver_p.h"
 #include "control/QuiverSounds.h"
+#include "control/ScrollArrows.h"
 #include "control/StylePreset.h"
 #include "control/modQuiver.h"
 #include "core/ScriptErrors.h"
@@ -154,6 +155,7 @@ Quiver::Quiver(QWidget *parent)
     d->arrowTimer = makeTimer(this, "ArrowTimer", InitialArrowInterval);
     d->redrawTimer = makeTimer(this, "RedrawTimer", InitialRedrawInterval);
     d->redrawTimer->setSingleShot(true);
+    d->arrows = new ScrollArrows(this, *d);
     d->defaultFont = QWidget::font();
     d->defaultHeaderCursor = QVariant::fromValue(QCursor(DefaultHeaderCursorShape));
     d->headerIcon = d->defaultHeaderCursor;

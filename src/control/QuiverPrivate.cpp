@@ -6,6 +6,7 @@
 
 #include "control/ItemRelay.h"
 #include "control/QuiverSounds.h"
+#include "control/ScrollArrows.h"
 #include "imaging/ImageList.h"
 #include "itemview/ItemContainer.h"
 #include "itemview/ItemLook.h"
@@ -131,6 +132,7 @@ void QuiverPrivate::applyEffects(unsigned effects)
 {
     quietly([this, effects] {
         strip->setLook(stripLook());
+        arrows->restyle();
         if (effects & RepaintSurface)
             q->update();
         if (effects & (RestyleViews | RedrawViews))
@@ -234,6 +236,14 @@ void QuiverPrivate::layoutStrip()
             view->setCollectionIndex(header->Index());
     }
     strip->layout(std::exchange(headerRedraw, false));
+    // The open view places and shows the arrows (through the relay); with
+    // none open there is nothing to scroll.
+    if (ItemContainer *view = openView()) {
+        view->SetArrows();
+    } else {
+        for (int index : { ArrowTowardsFirst, ArrowTowardsLast })
+            arrows->hideArrow(index);
+    }
     // Captions, the font and the style decide the size hints.
     q->updateGeometry();
 }
@@ -251,6 +261,7 @@ void QuiverPrivate::selectHeader(int requested)
         return;
     // The selection is final now; the bars slide to their places, and the
     // strip is laid out when they are there.
+    arrows->prepareForSlide();
     strip->slide(change->from, change->to);
     ItemContainer *opened = openView();
     if (opened && !designMode && tabStop && opened->isVisible())

@@ -21,6 +21,7 @@ namespace OrrinQuiver {
 
 class ItemContainer;
 class ItemRelay;
+class ScrollArrows;
 struct ItemLook;
 class XmlDocumentFormat;
 
@@ -140,6 +141,7 @@ public:
     QuiverSounds *sounds = nullptr;
     HeaderStrip *strip = nullptr;
     ItemRelay *relay = nullptr;
+    ScrollArrows *arrows = nullptr;
 
     QuiverSettings settings;
 

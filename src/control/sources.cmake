@@ -1,8 +1,10 @@
-# The header strip: bars, geometry, the slide, bar painting and bar records.
+# The header strip: bars, geometry, the slide, bar and arrow painting and bar records.
 target_sources(OrrinQuiverObjects
     PRIVATE
         control/BarRecord.cpp
         control/BarRecord.h
+        control/DrawArrow.cpp
+        control/DrawArrow.h
         control/DrawHeader.cpp
         control/DrawHeader.h
         control/HeaderBar.cpp
@@ -18,7 +20,8 @@ target_sources(OrrinQuiverObjects
 target_sources(OrrinQuiverObjects PRIVATE control/resources/sounds.qrc)
 
 # The control in rooms: the widget and its public surface, what the rooms
-# share, the property table, header selection, the item-view relay, sounds,
+# share, the property table, header selection, the item-view relay and its
+# keyboard commands, the scroll arrows, sounds,
 # persistence and the lifecycle events; the process-wide resources and the style presets.
 target_sources(OrrinQuiverObjects
     PRIVATE
@@ -26,6 +29,8 @@ target_sources(OrrinQuiverObjects
         control/HeaderSelection.h
         control/ItemRelay.cpp
         control/ItemRelay.h
+        control/KeyCommands.cpp
+        control/KeyCommands.h
         control/PropertyTable.cpp
         control/PropertyTable.h
         control/Quiver.cpp
@@ -36,6 +41,8 @@ target_sources(OrrinQuiverObjects
         control/Quiver_p.h
         control/QuiverSounds.cpp
         control/QuiverSounds.h
+        control/ScrollArrows.cpp
+        control/ScrollArrows.h
         control/modQuiver.cpp
         control/modQuiver.h
         control/StylePreset.cpp)

@@ -360,12 +360,17 @@ bool ItemContainer::IsDownArrowNeeded(int sliderTop, int viewHeight) const
     return d->layout.isDownArrowNeeded(sliderTop, viewHeight);
 }
 
+bool ItemContainerPrivate::arrowWanted(bool towardsFirst) const
+{
+    settleLayout();
+    const int top = layout.surfaceTop();
+    return towardsFirst ? top < 0 : layout.isDownArrowNeeded(top, q->height());
+}
+
 void ItemContainer::SetArrows()
 {
-    d->settleLayout();
-    const int top = d->layout.surfaceTop();
-    bool up = top < 0;
-    bool down = d->layout.isDownArrowNeeded(top, height());
+    bool up = d->arrowWanted(true);
+    bool down = d->arrowWanted(false);
     emit SetScrollArrows(&up, &down);
     d->upNeeded = up;
     d->downNeeded = down;

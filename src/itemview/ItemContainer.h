@@ -172,6 +172,12 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    // Scrolls by whole items in the arrows' steps: every notch (120, high-
+    // resolution wheels adding up to one) is QApplication::wheelScrollLines()
+    // steps, towards the first item when turned away from the user, and only
+    // as far as the arrow of that direction would be shown. A turn the view
+    // cannot follow goes on to the parent.
+    void wheelEvent(QWheelEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;

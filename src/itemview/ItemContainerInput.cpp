@@ -10,8 +10,11 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QApplication>
 
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 namespace OrrinQuiver {
@@ -27,6 +30,8 @@ constexpr int ItemDragEffects = Qt::CopyAction | Qt::MoveAction;
 constexpr int DragEntered = 0;
 constexpr int DragLeft = 1;
 constexpr int DragMovedOver = 2;
+// One notch of a wheel, in eighths of a degree.
+constexpr int WheelNotch = 120;
 // The caption editors: single-line for small icons, multi-line for large icons.
 constexpr int SingleLineEditor = 0;
 constexpr int MultiLineEditor = 1;
@@ -343,6 +348,37 @@ void ItemContainer::leaveEvent(QEvent *event)
     QWidget::leaveEvent(event);
     if (!d->grabPosition)
         setMouseLook(*d, 0, 0);
+}
+
+void ItemContainer::wheelEvent(QWheelEvent *event)
+{
+    const int delta = event->angleDelta().y();
+    if (d->designMode || delta == 0) {
+        event->ignore();
+        return;
+    }
+    finishSlide();
+    const bool towardsFirst = delta > 0;
+    if (!d->arrowWanted(towardsFirst)) {
+        d->wheelRemainder = 0;
+        event->ignore();
+        return;
+    }
+    event->accept();
+    // A turn the other way starts counting afresh.
+    if ((d->wheelRemainder > 0) != towardsFirst)
+        d->wheelRemainder = 0;
+    d->wheelRemainder += delta;
+    const int notches = std::abs(d->wheelRemainder / WheelNotch);
+    d->wheelRemainder %= WheelNotch;
+    for (int step = notches * QApplication::wheelScrollLines(); step > 0; --step) {
+        if (!d->arrowWanted(towardsFirst)) {
+            // At the end: what was left over would only wait to push past it.
+            d->wheelRemainder = 0;
+            break;
+        }
+        Scroll(towardsFirst ? 0 : 1, false);
+    }
 }
 
 void ItemContainer::dragEnterEvent(QDragEnterEvent *event)

@@ -67,6 +67,10 @@ public:
     // The surface's top for the current top slot, keeping the top slot's item
     // at the top edge; then the last fully visible slot from there.
     void placeAtTopSlot();
+    // Whether the arrow towards the first item (`towardsFirst`) or towards
+    // the last would be shown now: the surface is scrolled, or the last
+    // item's rectangle reaches below the view.
+    bool arrowWanted(bool towardsFirst) const;
     // The view's bottom edge in surface coordinates: |surface top| + height.
     int viewBottom() const;
     // The resize handling: icon left from the width, re-stack, keep the top
@@ -116,6 +120,9 @@ public:
     OLE_COLOR defaultMaskColor = rgbColor(192, 192, 192);
     bool upNeeded = false;
     bool downNeeded = false;
+    // What the wheel has turned short of a whole notch, in eighths of a
+    // degree; its sign is the direction it was turned in.
+    int wheelRemainder = 0;
 
     // Mouse and keyboard state, by position: the item under the mouse, the
     // item held down, the item with the keyboard focus, and the items that

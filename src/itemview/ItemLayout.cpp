@@ -174,9 +174,11 @@ bool ItemLayout::isDownArrowNeeded(int surfaceTop, int viewHeight) const
 {
     if (m_count == 0)
         return false;
-    // The view's bottom in surface coordinates wraps as a 16-bit integer, so a
-    // surface scrolled far enough reads as short of the last item again.
-    const auto viewBottom = qint16(qAbs(qint64(surfaceTop)) + viewHeight);
+    // In full width: a 16-bit sum would wrap once the surface is scrolled past
+    // 32,767 pixels (about 1,300 small items), and the arrow towards the last
+    // item would then never go, letting the wheel, the arrow and End scroll
+    // the last item off the view.
+    const qint64 viewBottom = qAbs(qint64(surfaceTop)) + viewHeight;
     return viewBottom < qint64(top(m_count)) + m_rowHeight;
 }
 

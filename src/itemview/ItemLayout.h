@@ -83,8 +83,8 @@ public:
     void resetScroll();
 
     // Whether the bottom of the last item's rectangle, visible or not, lies
-    // below the view: |surfaceTop| + viewHeight < its bottom, the sum taken
-    // as a 16-bit integer. False without items.
+    // below the view: |surfaceTop| + viewHeight < its bottom, in full width
+    // however far the surface is scrolled. False without items.
     bool isDownArrowNeeded(int surfaceTop, int viewHeight) const;
     // The distance a one-item slide moves the surface: the row height of the
     // item at the top slot (0 when no item is there, as without items).
