@@ -1,20 +1,25 @@
 #include "Demo.h"
 
+#include "EventLog.h"
 #include "control/Quiver.h"
 #include "imaging/ImageList.h"
 #include "model/Header.h"
 #include "model/Headers.h"
 #include "model/Item.h"
 #include "model/Items.h"
+#include "model/Navigation.h"
 #include "platform/SystemColors.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QMetaEnum>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QVBoxLayout>
 
 namespace OrrinQuiver {
@@ -29,6 +34,8 @@ constexpr int LargeIcon = 32;
 constexpr int SmallIcon = 16;
 // The header that shows a view stays fast however many items it holds.
 constexpr int ManyItems = 100'000;
+// The room the event log starts with.
+constexpr int LogWidth = 460;
 
 struct DemoIcon {
     const char *key;
@@ -99,6 +106,13 @@ Demo::Demo(QWidget *parent)
     : QWidget(parent)
     , m_control(new Quiver(this))
     , m_styles(new QComboBox(this))
+    , m_smoothScroll(new QCheckBox(QStringLiteral("SmoothScroll"), this))
+    , m_scrollDelay(new QSpinBox(this))
+    , m_autoMouseWheel(new QCheckBox(QStringLiteral("AutoMouseWheel"), this))
+    , m_flash(new QPushButton(QStringLiteral("Flash"), this))
+    , m_back(new QPushButton(QStringLiteral("Back"), this))
+    , m_forward(new QPushButton(QStringLiteral("Forward"), this))
+    , m_log(new EventLog(this))
     , m_icons(makeImageList(this, LargeIcon))
     , m_smallIcons(makeImageList(this, SmallIcon))
 {
@@ -108,7 +122,21 @@ Demo::Demo(QWidget *parent)
     m_control->setIcons(m_icons);
     m_control->setSmallIcons(m_smallIcons);
     fill();
+    m_log->watch(m_control);
+    m_log->setMinimumWidth(LogWidth);
 
+    auto *layout = new QHBoxLayout(this);
+    layout->addWidget(m_control);
+    layout->addLayout(makeSide());
+    layout->addWidget(m_log, 1);
+    refresh();
+    // Properties, the open header and the selected item change the controls
+    // beside the bar and what the history can do.
+    connect(m_control, &Quiver::PropertyChanged, this, &Demo::refresh);
+}
+
+QLayout *Demo::makeSide()
+{
     const QMetaEnum styles = QMetaEnum::fromType<qvStyle>();
     for (int k = 0; k < styles.keyCount(); ++k)
         m_styles->addItem(QString::fromLatin1(styles.key(k)), styles.value(k));
@@ -123,13 +151,64 @@ Demo::Demo(QWidget *parent)
         }
     });
 
+    connect(m_smoothScroll, &QCheckBox::toggled, m_control, &Quiver::setSmoothScroll);
+    connect(m_autoMouseWheel, &QCheckBox::toggled, m_control, &Quiver::setAutoMouseWheel);
+    // The property's own range; the control clamps to it anyway.
+    m_scrollDelay->setRange(10, 2000);
+    m_scrollDelay->setSuffix(QStringLiteral(" ms"));
+    connect(m_scrollDelay, &QSpinBox::valueChanged, m_control, &Quiver::setScrollDelay);
+    m_flash->setCheckable(true);
+    m_flash->setToolTip(QStringLiteral("Flashes the selected header until pressed again"));
+    connect(m_flash, &QPushButton::toggled, this, &Demo::flash);
+    connect(m_back, &QPushButton::clicked, this, [this] {
+        m_control->Navigation()->GoBack();
+        refresh();
+    });
+    connect(m_forward, &QPushButton::clicked, this, [this] {
+        m_control->Navigation()->GoForward();
+        refresh();
+    });
+
+    auto *history = new QHBoxLayout;
+    history->addWidget(m_back);
+    history->addWidget(m_forward);
+    auto *delay = new QHBoxLayout;
+    delay->addWidget(new QLabel(QStringLiteral("ScrollDelay"), this));
+    delay->addWidget(m_scrollDelay);
     auto *side = new QVBoxLayout;
     side->addWidget(new QLabel(QStringLiteral("Style"), this));
     side->addWidget(m_styles);
+    side->addWidget(m_smoothScroll);
+    side->addLayout(delay);
+    side->addWidget(m_autoMouseWheel);
+    side->addWidget(m_flash);
+    side->addWidget(new QLabel(QStringLiteral("Navigation"), this));
+    side->addLayout(history);
     side->addStretch();
-    auto *layout = new QHBoxLayout(this);
-    layout->addWidget(m_control);
-    layout->addLayout(side);
+    return side;
+}
+
+void Demo::refresh()
+{
+    const QSignalBlocker smooth(m_smoothScroll);
+    const QSignalBlocker delay(m_scrollDelay);
+    const QSignalBlocker wheel(m_autoMouseWheel);
+    m_smoothScroll->setChecked(m_control->SmoothScroll());
+    m_scrollDelay->setValue(m_control->ScrollDelay());
+    m_autoMouseWheel->setChecked(m_control->AutoMouseWheel());
+    m_back->setEnabled(m_control->Navigation()->CanGoBack());
+    m_forward->setEnabled(m_control->Navigation()->CanGoForward());
+}
+
+// One header flashes at a time: the one that was selected when the toggle
+// went on, until it goes off.
+void Demo::flash(bool on)
+{
+    if (m_flashing)
+        m_flashing->Flash(false);
+    m_flashing = on ? m_control->SelectedHeader() : nullptr;
+    if (m_flashing)
+        m_flashing->Flash(true);
 }
 
 QStringList Demo::renderScreens(const QString &directory)

@@ -1,6 +1,7 @@
 #include "ScriptHost.h"
 
 #include "ControlWindow.h"
+#include "ScriptByReference.h"
 #include "control/Quiver.h"
 #include "core/QuiverEnums.h"
 
@@ -105,6 +106,7 @@ ControlWindow *ScriptHost::openWindow()
 void ScriptHost::installGlobals()
 {
     m_engine.installExtensions(QJSEngine::GarbageCollectionExtension);
+    ScriptByReference::install(m_engine, this);
     QJSValue global = m_engine.globalObject();
 
     QJSEngine::setObjectOwnership(this, QJSEngine::CppOwnership);

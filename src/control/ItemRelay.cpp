@@ -10,6 +10,8 @@
 #include "model/Item.h"
 #include "model/Items.h"
 
+#include <QtCore/QMimeData>
+
 namespace OrrinQuiver {
 
 ItemRelay::ItemRelay(Quiver *control, QuiverPrivate &d)
@@ -22,7 +24,21 @@ ItemRelay::ItemRelay(Quiver *control, QuiverPrivate &d)
 
 void ItemRelay::attach(ItemContainer *view)
 {
+    connect(view, &ItemContainer::ForceRedraw, this, &ItemRelay::forceRedraw);
     connect(view, &ItemContainer::ItemClick, this, &ItemRelay::itemClick);
+    connect(view, &ItemContainer::ItemOLECompleteDrag, this,
+            [this, view](const QString &item, int effect) { completeDrag(view, item, effect); });
+    connect(view, &ItemContainer::ItemOLEDragDrop, this,
+            [this, view](const QString &item, const QMimeData *data, int *effect, int b, int s, float x, float y) {
+                dragDrop(view, item, data, effect, b, s, x, y);
+            });
+    connect(view, &ItemContainer::ItemOLEDragOver, this,
+            [this, view](const QString &item, const QMimeData *data, int *effect, int b, int s, float x, float y,
+                         int state) { dragOver(view, item, data, effect, b, s, x, y, state); });
+    connect(view, &ItemContainer::ItemOLEStartDrag, this,
+            [this, view](const QString &item, QMimeData *data, int *allowed) {
+                startDrag(view, item, data, allowed);
+            });
     connect(view, &ItemContainer::MouseDown, this,
             [this, view](const QString &item, int b, int s, float x, float y) {
                 mouse(Mouse::Down, view, item, b, s, x, y);
@@ -39,6 +55,8 @@ void ItemRelay::attach(ItemContainer *view)
             [this, view](bool *up, bool *down) { scrollArrows(view, *up, *down); });
     connect(view, &ItemContainer::ItemKeyEvent, this,
             [this](const QString &, const QString &command, bool *cancel) { keyCommand(command, *cancel); });
+    connect(view, &ItemContainer::ScrollDown, this, [this, view] { scrolled(view, false); });
+    connect(view, &ItemContainer::ScrollUp, this, [this, view] { scrolled(view, true); });
 }
 
 // Only the open header's view has arrows. While the bars slide they wait:
@@ -61,6 +79,16 @@ void ItemRelay::keyCommand(const QString &command, bool cancel)
             return;
         if (const std::optional<KeyCommand> parsed = parseKeyCommand(command))
             runKeyCommand(d, *parsed);
+    });
+}
+
+// The view wants every bar drawn again: the header-redraw flag, then the
+// full layout, which draws them and clears the flag.
+void ItemRelay::forceRedraw()
+{
+    quietly([this] {
+        d.headerRedraw = true;
+        d.layoutStrip();
     });
 }
 
@@ -99,18 +127,100 @@ void ItemRelay::mouse(Mouse kind, ItemContainer *view, const QString &itemKey, i
     static constexpr HeaderEvent HeaderEvents[]
         = { &Quiver::HeaderMouseDown, &Quiver::HeaderMouseMove, &Quiver::HeaderMouseUp };
     if (!itemKey.isEmpty()) {
-        if (Item *item = open->Items()->Item(itemKey))
+        if (Item *item = itemOf(view, itemKey))
             (q->*ItemEvents[int(kind)])(item, button, shift, x, y);
         return;
     }
-    // Empty space belongs to the open header: the point is moved into the
-    // control's frame, and into its bar's unless the lone bar is hidden.
-    x += float(view->x());
-    y += float(view->y());
+    const QPointF at = intoOpenHeader(view, open, x, y);
+    (q->*HeaderEvents[int(kind)])(open, button, shift, float(at.x()), float(at.y()));
+}
+
+void ItemRelay::scrolled(ItemContainer *view, bool up)
+{
+    Header *header = headerOf(view);
+    if (!header)
+        return;
+    if (up)
+        emit q->ScrollUp(header);
+    else
+        emit q->ScrollDown(header);
+}
+
+void ItemRelay::dragOver(ItemContainer *view, const QString &itemKey, const QMimeData *data, int *effect,
+                         int button, int shift, float x, float y, int state)
+{
+    if (!itemKey.isEmpty()) {
+        if (Item *item = itemOf(view, itemKey))
+            emit q->ItemOLEDragOver(item, data, effect, button, shift, x, y, state);
+        return;
+    }
+    if (Header *open = d.selection->openHeader()) {
+        const QPointF at = intoOpenHeader(view, open, x, y);
+        emit q->HeaderOLEDragOver(open, data, effect, button, shift, float(at.x()), float(at.y()), state);
+    }
+}
+
+void ItemRelay::dragDrop(ItemContainer *view, const QString &itemKey, const QMimeData *data, int *effect,
+                         int button, int shift, float x, float y)
+{
+    if (!itemKey.isEmpty()) {
+        if (Item *item = itemOf(view, itemKey))
+            emit q->ItemOLEDragDrop(item, data, effect, button, shift, x, y);
+        return;
+    }
+    if (Header *open = d.selection->openHeader()) {
+        const QPointF at = intoOpenHeader(view, open, x, y);
+        emit q->HeaderOLEDragDrop(open, data, effect, button, shift, float(at.x()), float(at.y()));
+    }
+}
+
+// Only items start and complete drags; the view's empty space has none.
+void ItemRelay::startDrag(ItemContainer *view, const QString &itemKey, QMimeData *data, int *allowedEffects)
+{
+    if (Item *item = itemOf(view, itemKey))
+        emit q->ItemOLEStartDrag(item, data, allowedEffects);
+}
+
+void ItemRelay::completeDrag(ItemContainer *view, const QString &itemKey, int effect)
+{
+    if (Item *item = itemOf(view, itemKey))
+        emit q->ItemOLECompleteDrag(item, effect);
+}
+
+// The view knows its header's position from the last layout; a header moved
+// since then is found by its view instead.
+Header *ItemRelay::headerOf(const ItemContainer *view) const
+{
+    const auto shows = [view](const Header *header) {
+        return header && header->itemView() == static_cast<const ItemViewLink *>(view);
+    };
+    if (Header *header = d.headers->at(view->CollectionIndex()); shows(header))
+        return header;
+    for (Header *header : *d.headers) {
+        if (shows(header))
+            return header;
+    }
+    return nullptr;
+}
+
+Item *ItemRelay::itemOf(const ItemContainer *view, const QString &itemKey) const
+{
+    if (itemKey.isEmpty())
+        return nullptr;
+    const Header *header = headerOf(view);
+    return header ? header->Items()->Item(itemKey) : nullptr;
+}
+
+// Out of the view into the control's frame, and into the open header's bar
+// unless that bar is hidden, as a lone header's is without
+// AlwaysShowFirstHeader.
+QPointF ItemRelay::intoOpenHeader(const ItemContainer *view, const Header *open, float x, float y) const
+{
+    QPointF at(x + float(view->x()), y + float(view->y()));
     const bool barShown = d.settings.alwaysShowFirstHeader || d.headers->Count() >= 2;
     if (const HeaderBar *bar = d.strip->bar(open->barId()); bar && barShown)
-        y -= float(bar->y());
-    (q->*HeaderEvents[int(kind)])(open, button, shift, x, y);
+        at.ry() -= bar->y();
+    return at;
 }
 
 } // namespace OrrinQuiver

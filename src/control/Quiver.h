@@ -14,6 +14,9 @@ Q_MOC_INCLUDE("model/Header.h")
 Q_MOC_INCLUDE("model/Headers.h")
 Q_MOC_INCLUDE("model/Item.h")
 Q_MOC_INCLUDE("model/Navigation.h")
+Q_MOC_INCLUDE(<QtCore/QMimeData>)
+
+QT_FORWARD_DECLARE_CLASS(QMimeData)
 
 namespace OrrinQuiver {
 
@@ -292,28 +295,80 @@ signals:
     // A persisted property changed; `name` is the property's own name.
     void PropertyChanged(const QString &name);
 
-    // Mouse input on a header bar, outside design mode. Button and Shift are
-    // bit sets (left 1, right 2, middle 4; Shift 1, Ctrl 2, Alt 4); X and Y
-    // are in the bar's own pixels. Move is raised only inside the bar and only
-    // for an enabled header.
-    void HeaderMouseDown(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
-    void HeaderMouseMove(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
-    void HeaderMouseUp(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    // The host events, in the order of their dispatch numbers. Button and
+    // Shift are bit sets (left 1, right 2, middle 4; Shift 1, Ctrl 2, Alt 4);
+    // X and Y are Single pixels. A drag's Data is the dragged QMimeData, its
+    // Effect and AllowedEffects sums of the drop effects (copy 1, move 2,
+    // link 4), its State 0 entered, 1 left, 2 moved over.
+    //
+    // An `int *` argument is passed by reference: a handler may change it,
+    // and the control goes on with the value the last handler left
+    // (docs/scripting.md: a script handler sets its `value`). The pointer is
+    // valid only while the signal runs.
+    //
+    // Raised by later rooms of the control, declared here: HeaderRenamed and
+    // ItemRenamed by the caption editor; HeaderOLEDragDrop and
+    // HeaderOLEDragOver over a header bar by its drop rules, and
+    // HeaderOLEStartDrag and HeaderOLECompleteDrag by the header drag;
+    // IconDownloaded and SmallIconDownloaded by the URL icons. The rest are
+    // raised now, the header events also from the empty space of the open
+    // item view.
+
     // An enabled header was clicked with the left button, open or not;
     // raised before the HeaderMouseUp of the same click.
     void HeaderClick(OrrinQuiver::Header *header);
+    // A header's caption was edited in place; the new caption is stored.
+    void HeaderRenamed(OrrinQuiver::Header *header);
+    // Mouse input on a header bar, outside design mode, with X and Y in the
+    // bar's own pixels. Move is raised only inside the bar and only for an
+    // enabled header. Over the open item view's empty space the open header
+    // raises them too, with X and Y moved into its bar (into the control when
+    // its lone bar is hidden).
+    void HeaderMouseDown(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    void HeaderMouseMove(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    void HeaderMouseUp(OrrinQuiver::Header *header, int Button, int Shift, float X, float Y);
+    // A drag over or dropped on a header, or on the open item view's empty
+    // space (X and Y moved as for the mouse events); *Effect is what the drop
+    // would do, or did.
+    void HeaderOLEDragDrop(OrrinQuiver::Header *header, const QMimeData *Data, int *Effect, int Button,
+                           int Shift, float X, float Y);
+    void HeaderOLEDragOver(OrrinQuiver::Header *header, const QMimeData *Data, int *Effect, int Button,
+                           int Shift, float X, float Y, int State);
+    // A header drag starts: Data may take more formats, *AllowedEffects
+    // fewer effects (0 cancels the drag); and the drag ended with Effect.
+    void HeaderOLEStartDrag(OrrinQuiver::Header *header, QMimeData *Data, int *AllowedEffects);
+    void HeaderOLECompleteDrag(OrrinQuiver::Header *header, int Effect);
 
     // An enabled item of the open header was clicked, or Space or Enter
-    // pressed on it; raised once the item is the selected one.
+    // pressed on it; raised once the item is the selected one, before the
+    // ItemMouseUp of the same click.
     void ItemClick(OrrinQuiver::Item *item);
+    // An item's caption was edited in place; the new caption is stored.
+    void ItemRenamed(OrrinQuiver::Item *item);
     // Mouse input over an item of the open header, outside design mode; the
     // arguments as for the header events, X and Y in the item's own pixels.
-    // Over the item view's empty space the open header's events are raised
-    // instead, with X and Y moved into its bar (into the control when its
-    // lone bar is hidden).
     void ItemMouseDown(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
     void ItemMouseMove(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
     void ItemMouseUp(OrrinQuiver::Item *item, int Button, int Shift, float X, float Y);
+    // A drag over or dropped on an item, X and Y in the item's pixels; the
+    // item view accepts the drag with the *Effect the handlers leave.
+    void ItemOLEDragDrop(OrrinQuiver::Item *item, const QMimeData *Data, int *Effect, int Button, int Shift,
+                         float X, float Y);
+    void ItemOLEDragOver(OrrinQuiver::Item *item, const QMimeData *Data, int *Effect, int Button, int Shift,
+                         float X, float Y, int State);
+    // An item drag starts (Data and *AllowedEffects as for the header's); and
+    // the drag ended with Effect, 0 when nothing was dropped.
+    void ItemOLEStartDrag(OrrinQuiver::Item *item, QMimeData *Data, int *AllowedEffects);
+    void ItemOLECompleteDrag(OrrinQuiver::Item *item, int Effect);
+
+    // A header's item view moved one item up or down, open or not.
+    void ScrollUp(OrrinQuiver::Header *header);
+    void ScrollDown(OrrinQuiver::Header *header);
+
+    // The picture of an item's URL icon (32 x 32) or small URL icon (16 x 16)
+    // arrived from `psURL` and is stored.
+    void IconDownloaded(const QString &psURL);
+    void SmallIconDownloaded(const QString &psURL);
 
 private:
     // The XML property's writer: setXML without the throw.

@@ -56,6 +56,7 @@ void tst_QuiverCommand::run_data()
     QTest::newRow("Test object") << QStringList{"script", script("windows.js"), "--size", "300x200"} << 0
                                  << "^ok\n$" << "";
     QTest::newRow("scroll arrows") << QStringList{"script", script("arrows.js")} << 0 << "^ok\n$" << "";
+    QTest::newRow("events") << QStringList{"script", script("events.js")} << 0 << "^ok\n$" << "";
     QTest::newRow("uncaught error") << QStringList{"script", script("uncaught.js")} << 1 << "^before\n$"
                                     << "uncaught.js:3: ReferenceError: notDefinedAnywhere is not defined\n";
     QTest::newRow("error in an event handler")

@@ -10,6 +10,9 @@
 #include "model/Items.h"
 #include "model/Navigation.h"
 
+#include <QtCore/QMimeData>
+#include <QtGui/QDrag>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace OrrinQuiver;
@@ -23,7 +26,39 @@ class tst_ItemRelay : public QObject
 private slots:
     void click_data();
     void click();
+    void emptySpace_data();
+    void emptySpace();
+    void dragEffect_data();
+    void dragEffect();
+    void forceRedraw();
+    void scroll_data();
+    void scroll();
 };
+
+// A shown bar of `headers` headers with the items a, b and c each, the last
+// header open.
+static void fill(Quiver &bar, int headers, bool alwaysShowFirstHeader = true)
+{
+    bar.InitProperties();
+    bar.setSmoothScroll(false);
+    bar.setAlwaysShowFirstHeader(alwaysShowFirstHeader);
+    for (int h = 2; h <= headers; ++h)
+        bar.Headers()->Add();
+    for (Header *header : *bar.Headers()) {
+        for (const char *key : { "a", "b", "c" })
+            header->Items()->Add(0, QLatin1String(key), QLatin1String(key));
+    }
+    bar.Headers()->at(headers)->setSelected(true);
+    bar.resize(200, 400);
+    bar.show();
+}
+
+static ItemContainer *viewOf(const Header *header) { return static_cast<ItemContainer *>(header->itemView()); }
+
+static QWidget *barOf(Quiver &bar, const Header *header)
+{
+    return bar.findChild<HeaderStrip *>()->bar(header->barId());
+}
 
 void tst_ItemRelay::click_data()
 {
@@ -99,6 +134,189 @@ void tst_ItemRelay::click()
         const QWidget *headerBar = bar.findChild<HeaderStrip *>()->bar(bar.SelectedHeader()->barId());
         QCOMPARE(headerPoint, QPointF(at + view->pos() - QPoint(0, headerBar->y())));
     }
+}
+
+void tst_ItemRelay::emptySpace_data()
+{
+    QTest::addColumn<int>("headers");
+    QTest::addColumn<bool>("alwaysShowFirstHeader");
+    QTest::addColumn<bool>("drag");
+    QTest::addColumn<bool>("inBar"); // else in the control's frame
+
+    for (const bool drag : { false, true }) {
+        const char *what = drag ? "drag" : "press";
+        QTest::addRow("%s, second of two headers", what) << 2 << true << drag << true;
+        QTest::addRow("%s, second of two, first not always shown", what) << 2 << false << drag << true;
+        QTest::addRow("%s, single header", what) << 1 << true << drag << true;
+        QTest::addRow("%s, single header, bar hidden", what) << 1 << false << drag << false;
+    }
+}
+
+// A press or a drag over the open view's empty space is the open header's,
+// moved into its bar, or into the control while its lone bar is hidden.
+void tst_ItemRelay::emptySpace()
+{
+    QFETCH(int, headers);
+    QFETCH(bool, alwaysShowFirstHeader);
+    QFETCH(bool, drag);
+    QFETCH(bool, inBar);
+
+    Quiver bar;
+    fill(bar, headers, alwaysShowFirstHeader);
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    Header *open = bar.SelectedHeader();
+    ItemContainer *view = viewOf(open);
+    const QPoint at(20, view->height() - 5);
+    QPointF reported(-1, -1);
+    const auto record = [&](Header *header, float x, float y) {
+        QCOMPARE(header, open);
+        reported = QPointF(x, y);
+    };
+    connect(&bar, &Quiver::HeaderMouseDown, this,
+            [&](Header *header, int, int, float x, float y) { record(header, x, y); });
+    connect(&bar, &Quiver::HeaderOLEDragOver, this,
+            [&](Header *header, const QMimeData *, int *, int, int, float x, float y, int) {
+                record(header, x, y);
+            });
+    QMimeData data;
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    view->setAcceptDrops(true);
+    if (drag)
+        QCoreApplication::sendEvent(view, &enter);
+    else
+        QTest::mousePress(view, Qt::LeftButton, {}, at);
+
+    const QWidget *headerBar = barOf(bar, open);
+    QCOMPARE(headerBar->isVisible(), inBar);
+    QCOMPARE(reported, QPointF(at + view->pos() - QPoint(0, inBar ? headerBar->y() : 0)));
+}
+
+void tst_ItemRelay::dragEffect_data()
+{
+    QTest::addColumn<bool>("overItem");
+    QTest::addColumn<int>("effect"); // what the handler sets; -1 leaves it
+    QTest::addColumn<bool>("accepted");
+    QTest::addColumn<int>("action"); // of an accepted drag
+
+    for (const bool overItem : { true, false }) {
+        const char *where = overItem ? "item" : "empty space";
+        // The proposed action, copy, unless the handler rules it out.
+        QTest::addRow("%s, offered effects kept", where) << overItem << -1 << true << int(Qt::CopyAction);
+        QTest::addRow("%s, move chosen", where) << overItem << int(Qt::MoveAction) << true << int(Qt::MoveAction);
+        QTest::addRow("%s, no drop", where) << overItem << 0 << false << 0;
+    }
+}
+
+// The Effect a slot writes is what the view makes of the drag, over an item
+// and over the empty space alike.
+void tst_ItemRelay::dragEffect()
+{
+    QFETCH(bool, overItem);
+    QFETCH(int, effect);
+    QFETCH(bool, accepted);
+    QFETCH(int, action);
+
+    Quiver bar;
+    fill(bar, 1);
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    Items *items = bar.SelectedHeader()->Items();
+    ItemContainer *view = viewOf(bar.SelectedHeader());
+    const QPoint at = overItem ? view->itemRect(items->at(2)->viewId()).center() : QPoint(20, view->height() - 5);
+    QStringList log;
+    const auto choose = [effect](int *chosen) {
+        if (effect >= 0)
+            *chosen = effect;
+    };
+    connect(&bar, &Quiver::ItemOLEDragOver, this,
+            [&](Item *item, const QMimeData *, int *e, int, int, float, float, int state) {
+                log << QStringLiteral("item over %1 %2").arg(item->Key()).arg(state);
+                choose(e);
+            });
+    connect(&bar, &Quiver::HeaderOLEDragOver, this,
+            [&](Header *, const QMimeData *, int *e, int, int, float, float, int state) {
+                log << QStringLiteral("header over %1").arg(state);
+                choose(e);
+            });
+    connect(&bar, &Quiver::ItemOLEDragDrop, this, [&](Item *item, const QMimeData *, int *e, int, int, float, float) {
+        log << QStringLiteral("item drop ") + item->Key();
+        choose(e);
+    });
+    connect(&bar, &Quiver::HeaderOLEDragDrop, this, [&](Header *, const QMimeData *, int *e, int, int, float, float) {
+        log << QStringLiteral("header drop");
+        choose(e);
+    });
+
+    // Which views take drops is the drop rules' to say; here this one does.
+    view->setAcceptDrops(true);
+    QMimeData data;
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(view, &enter);
+    QDragMoveEvent move(at, offered, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(view, &move);
+    QCOMPARE(move.isAccepted(), accepted);
+    if (accepted)
+        QCOMPARE(int(move.dropAction()), action);
+    QDropEvent drop(at, offered, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(view, &drop);
+    QCOMPARE(drop.isAccepted(), accepted);
+    if (accepted)
+        QCOMPARE(int(drop.dropAction()), action);
+
+    const QStringList expected = overItem
+        ? QStringList { "item over b 0", "item over b 2", "item drop b" }
+        : QStringList { "header over 0", "header over 2", "header drop" };
+    QCOMPARE(log, expected);
+}
+
+// The view asks for every bar drawn again: the bars take their places and
+// lose colours a flash left on them.
+void tst_ItemRelay::forceRedraw()
+{
+    Quiver bar;
+    fill(bar, 2);
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    auto *first = static_cast<HeaderBar *>(barOf(bar, bar.Headers()->at(1)));
+    const QRect placed = first->geometry();
+    first->setColors(0x0000FF, 0x00FF00);
+    first->move(0, 300);
+
+    emit viewOf(bar.Headers()->at(2))->ForceRedraw();
+    QCOMPARE(first->geometry(), placed);
+    QCOMPARE(first->backColor(), HeaderBar::DefaultColor);
+    QCOMPARE(first->foreColor(), HeaderBar::DefaultColor);
+}
+
+void tst_ItemRelay::scroll_data()
+{
+    QTest::addColumn<int>("header");
+    QTest::addColumn<int>("direction");
+
+    QTest::newRow("open view, down") << 2 << 1;
+    QTest::newRow("open view, up") << 2 << 0;
+    QTest::newRow("closed view, down") << 1 << 1;
+}
+
+// ScrollUp and ScrollDown carry the header of the view that scrolled, also
+// after headers moved and for a view that is not open.
+void tst_ItemRelay::scroll()
+{
+    QFETCH(int, header);
+    QFETCH(int, direction);
+
+    Quiver bar;
+    fill(bar, 2);
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    Header *scrolled = bar.Headers()->at(header);
+    bar.Headers()->Add(1);
+    QSignalSpy up(&bar, &Quiver::ScrollUp);
+    QSignalSpy down(&bar, &Quiver::ScrollDown);
+
+    viewOf(scrolled)->Scroll(direction, false);
+    QSignalSpy &raised = direction ? down : up;
+    QCOMPARE(up.size() + down.size(), 1);
+    QCOMPARE(raised.size(), 1);
+    QCOMPARE(raised.first().first().value<Header *>(), scrolled);
 }
 
 QTEST_MAIN(tst_ItemRelay)
