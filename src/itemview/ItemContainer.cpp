@@ -138,12 +138,14 @@ void ItemContainerPrivate::runSizing()
         handleResize();
         return;
     }
-    settleLayout();
-    // Items removed from below the top slot leave the view past the end: it
-    // comes back to show the last of them.
-    if (layout.topSlot() > layout.count() + 1)
-        placeAtTopSlot();
-    placeHosted();
+    if (slide) {
+        sizingAfterSlide = true;
+        return;
+    }
+    // Rows added, removed, hidden or resized above the top slot move the
+    // slot's item: the surface follows it, so that a row always starts at
+    // the view's top edge.
+    placeAtTopSlot();
     q->SetArrows();
     q->update();
 }
@@ -159,12 +161,12 @@ void ItemContainerPrivate::placeAtTopSlot()
 {
     settleLayout();
     const int itemCount = layout.count();
-    if (layout.topSlot() > itemCount + 1)
-        layout.setTopSlot(itemCount + 1);
+    // Items removed from below the top slot leave at least the last of them
+    // in view.
+    if (layout.topSlot() > std::max(itemCount, 1))
+        layout.setTopSlot(std::max(itemCount, 1));
     const int slot = layout.topSlot();
-    // Past the last item the surface's top is minus everything above the slot.
-    const int above = slot <= itemCount ? layout.top(slot) : layout.surfaceHeight() + layout.gap();
-    layout.setSurfaceTop(itemCount ? -above : 0);
+    layout.setSurfaceTop(itemCount ? -layout.top(slot) : 0);
     layout.setLastFullyVisibleSlot(slot);
     layout.setObscure(viewBottom());
     placeHosted();
@@ -219,6 +221,10 @@ void ItemContainerPrivate::endSlide()
     const std::function<void()> then = std::exchange(afterSlide, nullptr);
     if (then)
         then();
+    if (sizingAfterSlide && !slide) {
+        sizingAfterSlide = false;
+        runSizing();
+    }
 }
 
 ItemPaint ItemContainerPrivate::paintOf(int position, const Item &item) const
@@ -393,13 +399,15 @@ int ItemContainer::positionAtSurfaceY(int y) const
 
 int ItemContainer::sliderTop() const { return d->layout.surfaceTop(); }
 
+int ItemContainer::topSlot() const { return d->layout.topSlot(); }
+
 void ItemContainer::Scroll(int direction, bool animate)
 {
     if (direction != 0 && direction != 1)
         return;
     finishSlide();
     d->settleLayout();
-    if (d->layout.topSlot() > d->layout.count() + 1)
+    if (d->layout.topSlot() > d->layout.count())
         d->placeAtTopSlot();
     // A step whose slot holds no item has nothing to measure and changes
     // nothing, so that stepping towards an item ends at the last one.
@@ -415,7 +423,8 @@ void ItemContainer::Scroll(int direction, bool animate)
         });
         return;
     }
-    if (!d->itemAt(d->layout.topSlot()))
+    // The last item stays in view, even in a view shorter than its row.
+    if (!d->itemAt(d->layout.topSlot() + 1))
         return;
     // Down: the slide measures the item that leaves, then the slot moves.
     d->startSlide(true, animate, [this] {
@@ -575,7 +584,14 @@ int ItemContainer::lastFullyVisiblePosition() const
     return d->layout.lastFullyVisibleSlot();
 }
 
-void ItemContainer::scrollOneStep(bool up) { Scroll(up ? 0 : 1, false); }
+// A host's step goes only where the arrows would take the user.
+void ItemContainer::scrollOneStep(bool up)
+{
+    d->settleLayout();
+    const int top = d->layout.surfaceTop();
+    if (up ? top < 0 : d->layout.isDownArrowNeeded(top, height()))
+        Scroll(up ? 0 : 1, false);
+}
 
 void ItemContainer::releaseMouseGrab()
 {

@@ -80,6 +80,8 @@ public:
     int positionAtSurfaceY(int y) const;
     // The surface's top: 0, or negative when scrolled.
     int sliderTop() const;
+    // The position of the item shown at the top of the view (1 when empty).
+    int topSlot() const;
 
     // --- interaction and scrolling --------------------------------------
     // Moves the view one item: direction 0 up, 1 down; other values do

@@ -104,6 +104,8 @@ public:
     bool addAwaitingRelayout = false;
     // A deferred SizeItems pass is queued.
     bool sizingQueued = false;
+    // Sizing asked for while the surface slides runs when the slide ends.
+    bool sizingAfterSlide = false;
     // The width the icon geometry was last computed for.
     int geometryWidth = 0;
 

@@ -182,7 +182,9 @@ bool ItemLayout::isDownArrowNeeded(int surfaceTop, int viewHeight) const
     return viewBottom < qint64(top(m_count)) + m_rowHeight;
 }
 
-int ItemLayout::slideDistance() const { return m_topSlot <= m_count ? m_rowHeight : 0; }
+// A hidden item takes no room, so stepping over it moves nothing and the
+// surface keeps resting on the top of a row.
+int ItemLayout::slideDistance() const { return isVisible(m_topSlot) ? m_rowHeight : 0; }
 
 void ItemLayout::setObscure(int offset)
 {

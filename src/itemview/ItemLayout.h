@@ -87,7 +87,7 @@ public:
     // however far the surface is scrolled. False without items.
     bool isDownArrowNeeded(int surfaceTop, int viewHeight) const;
     // The distance a one-item slide moves the surface: the row height of the
-    // item at the top slot (0 when no item is there, as without items).
+    // item at the top slot (0 when no visible item is there).
     int slideDistance() const;
     // Recomputes the last fully visible slot after the view moved by at most
     // one item: walks positions from (last slot - 1, at least 1) to count(),

@@ -152,8 +152,8 @@ private slots:
         row("slide down", 10, { "slideDown" }, { -1, 2, 4, 42 }, { "arrows:11", "ScrollDown" });
         row("slide up", 10, { "down 2", "slideUp" }, { -1, 2, 4, 42 }, { "arrows:11", "ScrollUp" });
         row("unknown direction", 10, { "down", "other" }, { -1, 2, 4, 42 });
-        row("down past the last changes nothing", 5, { "down 5", "down" }, { -5, 0, 5, 42 });
-        row("up after the items below went", 10, { "down 6", "keep 3", "up" }, { -2, 3, 3, 42 },
+        row("down from the last item changes nothing", 5, { "down 5", "down" }, { -4, 5, 5, 42 });
+        row("up after the items below went", 10, { "down 6", "keep 3", "up" }, { -1, 2, 3, 42 },
             { "arrows:10", "ScrollUp" });
         row("view switch returns to the top", 10, { "down 3", "smallIcons" }, { 0, 1, 4, 42 });
         row("arrows: no items", 0, { "arrows" }, { 0, 0, 0, 42 }, { "arrows:00" });

@@ -150,6 +150,10 @@ public:
     }
 
     // How many XML round trips could be compared text for text.
+    // Lets deferred deletions run, as a return to the event loop does, and
+    // checks that exactly the removed members went.
+    void returnToEventLoop();
+
     int comparedRoundTrips() const { return m_comparedRoundTrips; }
 
 private:
@@ -518,8 +522,6 @@ private:
         if (removed && fingerprint() != before)
             fail(QStringLiteral("changing a removed %1 changed the bar").arg(nameOf<T>()));
     }
-
-    void returnToEventLoop();
 
     // Whether a collection finds, or reports removing, a member that is not there.
     template<typename Collection>

@@ -3,6 +3,8 @@
 
 #include "ModelStress.h"
 
+#include "control/HeaderStrip.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtTest/QTest>
 
@@ -229,6 +231,10 @@ void ModelStress::checkControl()
     const Header *active = nullptr;
     int activeViews = 0;
     bool anyVisible = false;
+    // While headers slide, the view of the header left behind travels in
+    // sight until the slide ends.
+    const HeaderStrip *strip = m_bar.findChild<HeaderStrip *>();
+    const bool sliding = strip && strip->isSliding();
     for (const Header *header : *m_bar.Headers()) {
         anyVisible = anyVisible || header->Visible();
         const auto *view = dynamic_cast<const ItemContainer *>(header->itemView());
@@ -240,7 +246,7 @@ void ModelStress::checkControl()
             ++activeViews;
             active = header;
         }
-        if (view->isVisibleTo(&m_bar) != (header == open && header->Visible()))
+        if (!sliding && view->isVisibleTo(&m_bar) != (header == open && header->Visible()))
             fail(QStringLiteral("the item view of header \"%1\" is %2")
                      .arg(header->Key(), QLatin1String(view->isVisibleTo(&m_bar) ? "shown" : "hidden")));
     }
