@@ -179,12 +179,10 @@ void HeaderStrip::repaint(bool force)
         HeaderBar *bar = this->bar(header->barId());
         if (!bar)
             continue;
-        if (force) {
-            bar->setDrawnState(-1);
-            drawHeader(header, HeaderNormal);
-        } else {
+        if (force)
+            redrawNormal(header);
+        else
             bar->update();
-        }
     }
 }
 
@@ -208,6 +206,24 @@ void HeaderStrip::drawHeader(Header *header, int state, OLE_COLOR back, OLE_COLO
     bar->setColors(back, fore);
     bar->update();
     header->setNeedsPaint(false);
+}
+
+void HeaderStrip::redrawNormal(Header *header, OLE_COLOR back, OLE_COLOR fore)
+{
+    HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
+    if (!bar)
+        return;
+    // Forgetting the drawn look makes the draw happen even in the look shown.
+    bar->setDrawnState(-1);
+    drawHeader(header, HeaderNormal, back, fore);
+}
+
+OLE_COLOR HeaderStrip::shownBackColor(const Header *header) const
+{
+    const HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
+    if (!bar)
+        return HeaderBar::DefaultColor;
+    return bar->backColor() != HeaderBar::DefaultColor ? bar->backColor() : m_look.colors.back;
 }
 
 HeaderLook HeaderStrip::lookOf(const HeaderBar *bar) const

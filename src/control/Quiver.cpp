@@ -1,5 +1,6 @@
 #include "control/Quiver.h"
 
+#include "control/HeaderFlash.h"
 #include "control/HeaderGeometry.h"
 #include "control/HeaderStrip.h"
 #include "control/ItemRelay.h"
@@ -154,6 +155,8 @@ Quiver::Quiver(QWidget *parent)
     d->arrowTimer = makeTimer(this, "ArrowTimer", InitialArrowInterval);
     d->redrawTimer = makeTimer(this, "RedrawTimer", InitialRedrawInterval);
     d->redrawTimer->setSingleShot(true);
+    connect(d->redrawTimer, &QTimer::timeout, this, [this] { quietly([this] { d->redrawOpenView(); }); });
+    d->flash = new HeaderFlash(this, *d->headers, *d->strip, *d->flashTimer);
     d->defaultFont = QWidget::font();
     d->defaultHeaderCursor = QVariant::fromValue(QCursor(DefaultHeaderCursorShape));
     d->headerIcon = d->defaultHeaderCursor;

@@ -19,6 +19,7 @@ QT_FORWARD_DECLARE_CLASS(QTimer)
 
 namespace OrrinQuiver {
 
+class HeaderFlash;
 class ItemContainer;
 class ItemRelay;
 struct ItemLook;
@@ -116,6 +117,9 @@ public:
 
     ItemContainer *viewOf(const Header *header) const;
     ItemContainer *openView() const;
+    // The deferred repaint of RedrawTimer's tick: the open header's item
+    // view stacks and paints its items again.
+    void redrawOpenView();
     // The item views of all headers, in position order.
     QList<ItemContainer *> views() const;
 
@@ -140,6 +144,7 @@ public:
     QuiverSounds *sounds = nullptr;
     HeaderStrip *strip = nullptr;
     ItemRelay *relay = nullptr;
+    HeaderFlash *flash = nullptr;
 
     QuiverSettings settings;
 
