@@ -7,6 +7,7 @@
 #include "model/Headers.h"
 #include "model/Items.h"
 #include "platform/MouseCodes.h"
+#include "platform/FrameInterval.h"
 #include "platform/MousePointer.h"
 #include "platform/SlideMover.h"
 
@@ -20,8 +21,6 @@ namespace OrrinQuiver {
 
 namespace {
 
-// Time between two frames of a slide, about one tick of the desktop's timer.
-constexpr int SlideFrameInterval = 10;
 // How far the mouse moves with the left button down before a header drag starts.
 constexpr qreal DragThreshold = 2;
 
@@ -54,7 +53,9 @@ HeaderStrip::HeaderStrip(QWidget *control, const Headers &headers, Host &host)
     , m_host(host)
 {
     setObjectName(QStringLiteral("HeaderStrip"));
-    m_frames.setInterval(SlideFrameInterval);
+    m_frames.setParent(this);
+    m_frames.setObjectName(QStringLiteral("SlideTimer"));
+    m_frames.setTimerType(Qt::PreciseTimer);
     connect(&m_frames, &QTimer::timeout, this, &HeaderStrip::nextFrame);
 }
 
@@ -301,7 +302,8 @@ void HeaderStrip::slide(int oldPosition, int newPosition)
     // click lands on a bar on its way (the filter checks isSliding()).
     if (!m_look.designMode)
         qApp->installEventFilter(this);
-    m_frames.start();
+    // A frame per refresh of the control's screen, so that each one is seen.
+    m_frames.start(slideFrameInterval(m_control->screen()));
 }
 
 void HeaderStrip::finishSlide()

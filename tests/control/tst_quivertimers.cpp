@@ -3,9 +3,12 @@
 #include "itemview/ItemContainer.h"
 #include "model/Header.h"
 #include "model/Headers.h"
+#include "model/Items.h"
+#include "platform/FrameInterval.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QImage>
+#include <QtGui/QScreen>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -34,6 +37,7 @@ private slots:
     void flash_data();
     void flash();
     void redrawTimerRedrawsTheOpenView();
+    void slidesFollowTheScreensRefresh();
 };
 
 void tst_QuiverTimers::flash_data()
@@ -122,6 +126,33 @@ void tst_QuiverTimers::redrawTimerRedrawsTheOpenView()
     QVERIFY(!timer->isActive());
     QTRY_COMPARE(open.size(), 1);
     QCOMPARE(closed.size(), 0);
+}
+
+// A header slide and an item slide each paint a frame per refresh of the
+// control's screen.
+void tst_QuiverTimers::slidesFollowTheScreensRefresh()
+{
+    Quiver bar;
+    bar.InitProperties();
+    Header *second = bar.Headers()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
+    for (int i = 0; i < 40; ++i)
+        second->Items()->Add();
+    bar.resize(200, 400);
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    const int interval = slideFrameInterval(bar.screen()->refreshRate());
+    const auto *strip = bar.findChild<HeaderStrip *>();
+    const auto *headerFrames = strip->findChild<QTimer *>(QStringLiteral("SlideTimer"));
+    ItemContainer *view = strip->viewOf(second);
+    const auto *itemFrames = view->findChild<QTimer *>(QStringLiteral("SlideTimer"));
+
+    second->setSelected(true);
+    QVERIFY(headerFrames->isActive());
+    QCOMPARE(headerFrames->interval(), interval);
+    QTRY_VERIFY(!strip->isSliding());
+    view->Scroll(1, true);
+    QVERIFY(itemFrames->isActive());
+    QCOMPARE(itemFrames->interval(), interval);
 }
 
 QTEST_MAIN(tst_QuiverTimers)
