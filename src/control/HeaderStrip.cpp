@@ -167,7 +167,8 @@ void HeaderStrip::layout(bool redrawAll)
                 // Closed views keep their top and wait, hidden, for their header
                 // to open, at the size they will have then: scrolling one to an
                 // item before it opens measures the height it will show it in.
-                view->setGeometry(strip.viewLeft, view->y(), strip.viewWidth, strip.viewHeights.at(position - 1));
+                view->setGeometry(strip.viewLeft, view->y(), strip.viewWidth,
+                                  strip.viewHeights.at(position - 1));
                 view->hide();
             }
         }

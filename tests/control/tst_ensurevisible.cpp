@@ -78,7 +78,8 @@ void tst_EnsureVisible::onScreen()
     QTRY_VERIFY(!strip->isSliding());
 
     auto *view = static_cast<ItemContainer *>(header->itemView());
-    const QRect shown(0, view->ItemTop(item->viewId()), view->width(), view->itemRect(item->viewId()).height());
+    const QRect shown(0, view->ItemTop(item->viewId()), view->width(),
+                      view->itemRect(item->viewId()).height());
     QVERIFY2(view->rect().contains(shown), qPrintable(QStringLiteral("item at %1").arg(shown.top())));
     // Scrolled by whole rows: the surface's top lies at the top slot's item.
     QCOMPARE(view->sliderTop(), -view->itemRect(items->at(view->firstVisiblePosition())->viewId()).top());

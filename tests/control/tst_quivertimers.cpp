@@ -21,7 +21,10 @@ constexpr OLE_COLOR Green = 0x00FF00;
 constexpr OLE_COLOR Red = 0x0000FF;
 constexpr OLE_COLOR White = 0xFFFFFF;
 
-QColor colorOf(OLE_COLOR value) { return QColor(int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF)); }
+QColor colorOf(OLE_COLOR value)
+{
+    return QColor(int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF));
+}
 
 // A timer's tick, without waiting for it.
 void tick(QTimer *timer) { QMetaObject::invokeMethod(timer, "timeout"); }
@@ -56,10 +59,12 @@ void tst_QuiverTimers::flash_data()
                                                 << QStringList { "nnn on", "nfn on", "nnn on", "nfn on" };
     QTest::newRow("Flash(False) stops it") << QStringList { "flash b", "tick", "stop b", "tick" }
                                            << QStringList { "nnn on", "nfn on", "nnn off", "nnn off" };
-    QTest::newRow("removal ends it at the next tick") << QStringList { "flash b", "tick", "remove b", "tick" }
-                                                      << QStringList { "nnn on", "nfn on", "nn on", "nn off" };
-    QTest::newRow("restyled while flashing") << QStringList { "flash b", "tick", "restyle", "tick", "tick" }
-                                             << QStringList { "nnn on", "nfn on", "nnn on", "nfn on", "nnn on" };
+    QTest::newRow("removal ends it at the next tick")
+        << QStringList { "flash b", "tick", "remove b", "tick" }
+        << QStringList { "nnn on", "nfn on", "nn on", "nn off" };
+    QTest::newRow("restyled while flashing")
+        << QStringList { "flash b", "tick", "restyle", "tick", "tick" }
+        << QStringList { "nnn on", "nfn on", "nnn on", "nfn on", "nnn on" };
 }
 
 void tst_QuiverTimers::flash()
