@@ -124,6 +124,13 @@ StripLayout layoutStrip(const StripInput &input)
     layout.viewLeft = viewTemplate.left();
     layout.viewWidth = viewTemplate.width();
     layout.bars.reserve(count);
+    layout.viewHeights.reserve(count);
+    for (int p = 1; p <= count; ++p) {
+        const int content = p == selected
+            ? layout.contentHeight
+            : contentHeight(input.style, input.height, hh, count, p, input.alwaysShowFirstHeader);
+        layout.viewHeights.append(itemViewRect(input.style, input.width, 0, hh, content).height());
+    }
 
     int visibleAfter = 0;
     for (int p = selected + 1; p <= count; ++p)

@@ -54,6 +54,9 @@ struct StripLayout
     // Left and width that every other item view keeps ready for its opening.
     int viewLeft = 0;
     int viewWidth = 0;
+    // The height of each header's item view while its header is open, in
+    // position order; closed views keep theirs ready too.
+    QList<int> viewHeights;
 };
 
 // Places every bar and the open item view. A selected position outside

@@ -7,6 +7,7 @@
 #include "model/Headers.h"
 #include "model/Items.h"
 #include "platform/MouseCodes.h"
+#include "platform/FrameInterval.h"
 #include "platform/MousePointer.h"
 #include "platform/SlideMover.h"
 
@@ -20,8 +21,6 @@ namespace OrrinQuiver {
 
 namespace {
 
-// Time between two frames of a slide, about one tick of the desktop's timer.
-constexpr int SlideFrameInterval = 10;
 // How far the mouse moves with the left button down before a header drag starts.
 constexpr qreal DragThreshold = 2;
 
@@ -54,7 +53,9 @@ HeaderStrip::HeaderStrip(QWidget *control, const Headers &headers, Host &host)
     , m_host(host)
 {
     setObjectName(QStringLiteral("HeaderStrip"));
-    m_frames.setInterval(SlideFrameInterval);
+    m_frames.setParent(this);
+    m_frames.setObjectName(QStringLiteral("SlideTimer"));
+    m_frames.setTimerType(Qt::PreciseTimer);
     connect(&m_frames, &QTimer::timeout, this, &HeaderStrip::nextFrame);
 }
 
@@ -163,8 +164,11 @@ void HeaderStrip::layout(bool redrawAll)
                 view->setGeometry(strip.openView);
                 view->setVisible(header->Visible());
             } else {
-                // Closed views keep their top and wait, hidden, for their header to open.
-                view->setGeometry(strip.viewLeft, view->y(), strip.viewWidth, view->height());
+                // Closed views keep their top and wait, hidden, for their header
+                // to open, at the size they will have then: scrolling one to an
+                // item before it opens measures the height it will show it in.
+                view->setGeometry(strip.viewLeft, view->y(), strip.viewWidth,
+                                  strip.viewHeights.at(position - 1));
                 view->hide();
             }
         }
@@ -177,12 +181,10 @@ void HeaderStrip::repaint(bool force)
         HeaderBar *bar = this->bar(header->barId());
         if (!bar)
             continue;
-        if (force) {
-            bar->setDrawnState(-1);
-            drawHeader(header, HeaderNormal);
-        } else {
+        if (force)
+            redrawNormal(header);
+        else
             bar->update();
-        }
     }
 }
 
@@ -206,6 +208,24 @@ void HeaderStrip::drawHeader(Header *header, int state, OLE_COLOR back, OLE_COLO
     bar->setColors(back, fore);
     bar->update();
     header->setNeedsPaint(false);
+}
+
+void HeaderStrip::redrawNormal(Header *header, OLE_COLOR back, OLE_COLOR fore)
+{
+    HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
+    if (!bar)
+        return;
+    // Forgetting the drawn look makes the draw happen even in the look shown.
+    bar->setDrawnState(-1);
+    drawHeader(header, HeaderNormal, back, fore);
+}
+
+OLE_COLOR HeaderStrip::shownBackColor(const Header *header) const
+{
+    const HeaderBar *bar = header ? this->bar(header->barId()) : nullptr;
+    if (!bar)
+        return HeaderBar::DefaultColor;
+    return bar->backColor() != HeaderBar::DefaultColor ? bar->backColor() : m_look.colors.back;
 }
 
 HeaderLook HeaderStrip::lookOf(const HeaderBar *bar) const
@@ -283,7 +303,8 @@ void HeaderStrip::slide(int oldPosition, int newPosition)
     // click lands on a bar on its way (the filter checks isSliding()).
     if (!m_look.designMode)
         qApp->installEventFilter(this);
-    m_frames.start();
+    // A frame per refresh of the control's screen, so that each one is seen.
+    m_frames.start(slideFrameInterval(m_control->screen()));
 }
 
 void HeaderStrip::finishSlide()

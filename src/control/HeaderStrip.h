@@ -97,6 +97,15 @@ public:
     // without a bar. Clears the header's needs-paint flag when it draws.
     void drawHeader(Header *header, int state, OLE_COLOR back = HeaderBar::DefaultColor,
                     OLE_COLOR fore = HeaderBar::DefaultColor);
+    // Draws the header's bar in its normal look with `back` and `fore`
+    // (DefaultColor: the header colours), also when it shows that look
+    // already. Nothing for a header without a bar.
+    void redrawNormal(Header *header, OLE_COLOR back = HeaderBar::DefaultColor,
+                      OLE_COLOR fore = HeaderBar::DefaultColor);
+    // The back colour the header's bar shows: the one it was last drawn with,
+    // or the look's header back colour when it was drawn with the header
+    // colours; DefaultColor for a header without a bar.
+    OLE_COLOR shownBackColor(const Header *header) const;
 
     // Moves the bars from the header at `oldPosition` being open to the one
     // at `newPosition`, then has the control lay out. The open position must

@@ -1,5 +1,6 @@
 #include "control/Quiver.h"
 
+#include "control/HeaderFlash.h"
 #include "control/HeaderGeometry.h"
 #include "control/HeaderStrip.h"
 #include "control/ItemRelay.h"
@@ -156,6 +157,8 @@ Quiver::Quiver(QWidget *parent)
     d->redrawTimer = makeTimer(this, "RedrawTimer", InitialRedrawInterval);
     d->redrawTimer->setSingleShot(true);
     d->arrows = new ScrollArrows(this, *d);
+    connect(d->redrawTimer, &QTimer::timeout, this, [this] { quietly([this] { d->redrawOpenView(); }); });
+    d->flash = new HeaderFlash(this, *d->headers, *d->strip, *d->flashTimer);
     d->defaultFont = QWidget::font();
     d->defaultHeaderCursor = QVariant::fromValue(QCursor(DefaultHeaderCursorShape));
     d->headerIcon = d->defaultHeaderCursor;

@@ -4,6 +4,7 @@
 
 #include "control/Quiver_p.h"
 
+#include "control/HeaderFlash.h"
 #include "control/ItemRelay.h"
 #include "control/QuiverSounds.h"
 #include "control/ScrollArrows.h"
@@ -217,6 +218,13 @@ ItemContainer *QuiverPrivate::viewOf(const Header *header) const { return strip-
 
 ItemContainer *QuiverPrivate::openView() const { return viewOf(selection->openHeader()); }
 
+void QuiverPrivate::redrawOpenView()
+{
+    redrawTimer->stop();
+    if (ItemContainer *view = openView())
+        view->relayoutItems(true);
+}
+
 QList<ItemContainer *> QuiverPrivate::views() const
 {
     QList<ItemContainer *> result;
@@ -406,9 +414,10 @@ Item *QuiverPrivate::selectedItem() const { return q->SelectedItem(); }
 
 OLE_COLOR QuiverPrivate::itemForeColor() const { return settings.itemForeColor; }
 
-// Header flashing belongs to the timers of the strip; the request is ignored
-// until they exist.
-void QuiverPrivate::flashHeader(const QString &, bool) { }
+void QuiverPrivate::flashHeader(const QString &headerKey, bool enabled)
+{
+    quietly([&] { flash->flash(headerKey, enabled); });
+}
 
 void QuiverPrivate::startHeaderDrag(int barId) { strip->startDrag(barId); }
 

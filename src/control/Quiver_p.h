@@ -19,6 +19,7 @@ QT_FORWARD_DECLARE_CLASS(QTimer)
 
 namespace OrrinQuiver {
 
+class HeaderFlash;
 class ItemContainer;
 class ItemRelay;
 class ScrollArrows;
@@ -117,6 +118,9 @@ public:
 
     ItemContainer *viewOf(const Header *header) const;
     ItemContainer *openView() const;
+    // The deferred repaint of RedrawTimer's tick: the open header's item
+    // view stacks and paints its items again.
+    void redrawOpenView();
     // The item views of all headers, in position order.
     QList<ItemContainer *> views() const;
 
@@ -142,6 +146,7 @@ public:
     HeaderStrip *strip = nullptr;
     ItemRelay *relay = nullptr;
     ScrollArrows *arrows = nullptr;
+    HeaderFlash *flash = nullptr;
 
     QuiverSettings settings;
 

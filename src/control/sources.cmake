@@ -9,6 +9,8 @@ target_sources(OrrinQuiverObjects
         control/DrawHeader.h
         control/HeaderBar.cpp
         control/HeaderBar.h
+        control/HeaderFlash.cpp
+        control/HeaderFlash.h
         control/HeaderGeometry.cpp
         control/HeaderGeometry.h
         control/HeaderSound.cpp

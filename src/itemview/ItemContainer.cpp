@@ -1,6 +1,7 @@
 #include "itemview/ItemContainer.h"
 
 #include "itemview/ItemContainer_p.h"
+#include "platform/FrameInterval.h"
 #include "platform/MousePointer.h"
 #include "model/Item.h"
 #include "model/Items.h"
@@ -15,14 +16,6 @@
 
 namespace OrrinQuiver {
 
-namespace {
-
-// A running slide moves one frame per tick of this interval, in milliseconds:
-// the pause between frames that lets input and painting run.
-constexpr int SlideFrameInterval = 1;
-
-} // namespace
-
 // --- ItemContainerPrivate ----------------------------------------------------
 
 ItemContainerPrivate::ItemContainerPrivate(ItemContainer *q)
@@ -32,7 +25,10 @@ ItemContainerPrivate::ItemContainerPrivate(ItemContainer *q)
         return item && item->Visible();
     })
 {
-    slideTimer.setInterval(SlideFrameInterval);
+    // A child of the view, so that the pace of its slides can be read.
+    slideTimer.setParent(q);
+    slideTimer.setObjectName(QStringLiteral("SlideTimer"));
+    slideTimer.setTimerType(Qt::PreciseTimer);
 }
 
 Item *ItemContainerPrivate::itemAt(int position) const { return items ? items->at(position) : nullptr; }
@@ -197,7 +193,9 @@ void ItemContainerPrivate::startSlide(bool up, bool animate, std::function<void(
     const int distance = row ? row + layout.gap() : 0;
     slide.emplace(QList<int> { layout.surfaceTop() }, distance, up, false, animate);
     if (animate) {
-        slideTimer.start();
+        // A frame per refresh of the screen the view is on: each one is seen,
+        // and input and painting run between them.
+        slideTimer.start(slideFrameInterval(q->screen()));
         return;
     }
     slide->finish();

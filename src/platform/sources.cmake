@@ -1,11 +1,13 @@
 # The bridge to the desktop: system colours, pointers, sound output, text
-# fitting, line drawing and the slide mover.
+# fitting, line drawing, the slide mover and the pace of its frames.
 target_sources(OrrinQuiverObjects
     PRIVATE
         platform/EdgeLines.cpp
         platform/EdgeLines.h
         platform/FitText.cpp
         platform/FitText.h
+        platform/FrameInterval.cpp
+        platform/FrameInterval.h
         platform/MouseCodes.cpp
         platform/MouseCodes.h
         platform/MousePointer.cpp

@@ -1,5 +1,6 @@
 #include "core/VariantNumbers.h"
 #include "platform/EdgeLines.h"
+#include "platform/FrameInterval.h"
 #include "platform/PreparedText.h"
 #include "platform/SystemColors.h"
 
@@ -20,6 +21,30 @@ class tst_Platform : public QObject
     Q_OBJECT
 
 private slots:
+    void slideFrameInterval_data()
+    {
+        QTest::addColumn<qreal>("refreshRate");
+        QTest::addColumn<int>("interval");
+
+        // Rounded up: a frame never falls into the refresh of the one before.
+        QTest::newRow("60 Hz") << qreal(60) << 17;
+        QTest::newRow("59.94 Hz") << qreal(59.94) << 17;
+        QTest::newRow("75 Hz") << qreal(75) << 14;
+        QTest::newRow("144 Hz") << qreal(144) << 7;
+        QTest::newRow("1000 Hz") << qreal(1000) << 1;
+        QTest::newRow("far above") << qreal(5000) << 1;
+        QTest::newRow("very low") << qreal(2) << 50;
+        QTest::newRow("none reported") << qreal(0) << 17;
+        QTest::newRow("negative") << qreal(-30) << 17;
+        QTest::newRow("not a number") << qreal(qQNaN()) << 17;
+        QTest::newRow("infinite") << qreal(qInf()) << 17;
+    }
+    void slideFrameInterval()
+    {
+        QFETCH(qreal, refreshRate);
+        QFETCH(int, interval);
+        QCOMPARE(OrrinQuiver::slideFrameInterval(refreshRate), interval);
+    }
     void edgeLines_data()
     {
         QTest::addColumn<Paint>("paint");

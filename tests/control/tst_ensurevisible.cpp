@@ -1,0 +1,100 @@
+#include "control/HeaderStrip.h"
+#include "control/Quiver.h"
+#include "itemview/ItemContainer.h"
+#include "model/Header.h"
+#include "model/Headers.h"
+#include "model/Item.h"
+#include "model/Items.h"
+
+#include <QtGui/QImage>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using namespace OrrinQuiver;
+
+// Item.EnsureVisible brings its item onto the screen: painted where the view
+// shows it and clicked there, however its header was opened.
+class tst_EnsureVisible : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void onScreen_data();
+    void onScreen();
+};
+
+void tst_EnsureVisible::onScreen_data()
+{
+    QTest::addColumn<int>("target");
+    QTest::addColumn<bool>("smooth");
+    QTest::addColumn<QString>("when"); // "open", "opening" (its slide running), "closed"
+
+    for (int target : { 60, 1 }) {
+        for (bool smooth : { true, false }) {
+            for (const char *when : { "open", "opening", "closed" })
+                QTest::addRow("item %d, %s, %s", target, smooth ? "smooth" : "instant", when)
+                    << target << smooth << QString::fromLatin1(when);
+        }
+    }
+}
+
+void tst_EnsureVisible::onScreen()
+{
+    QFETCH(int, target);
+    QFETCH(bool, smooth);
+    QFETCH(QString, when);
+
+    Quiver bar;
+    bar.InitProperties();
+    bar.setSmoothScroll(smooth);
+    Header *first = bar.Headers()->at(1);
+    Header *header = bar.Headers()->Add(0, QStringLiteral("two"), QStringLiteral("Two"));
+    Items *items = header->Items();
+    for (int i = 1; i <= 60; ++i)
+        items->Add(0, QString(), QStringLiteral("Item %1").arg(i));
+    Item *item = items->at(target);
+    item->setForeColor(0x0000FF);
+    bar.resize(200, 480);
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    auto *strip = bar.findChild<HeaderStrip *>();
+    const auto open = [&](Header *opened) {
+        opened->setSelected(true);
+        strip->finishSlide();
+    };
+    if (target == 1) {
+        // Start from the other end.
+        open(header);
+        items->at(60)->EnsureVisible();
+        open(first);
+    }
+    if (when == "open")
+        open(header);
+    else if (when == "opening")
+        header->setSelected(true);
+    item->EnsureVisible();
+    if (when == "closed")
+        header->setSelected(true);
+    QTRY_VERIFY(!strip->isSliding());
+
+    auto *view = static_cast<ItemContainer *>(header->itemView());
+    const QRect shown(0, view->ItemTop(item->viewId()), view->width(),
+                      view->itemRect(item->viewId()).height());
+    QVERIFY2(view->rect().contains(shown), qPrintable(QStringLiteral("item at %1").arg(shown.top())));
+    // Scrolled by whole rows: the surface's top lies at the top slot's item.
+    QCOMPARE(view->sliderTop(), -view->itemRect(items->at(view->firstVisiblePosition())->viewId()).top());
+    const QImage painted = view->grab(shown).toImage();
+    bool red = false;
+    for (int y = 0; y < painted.height() && !red; ++y) {
+        for (int x = 0; x < painted.width() && !red; ++x)
+            red = painted.pixelColor(x, y) == Qt::red;
+    }
+    QVERIFY(red);
+    QSignalSpy clicks(&bar, &Quiver::ItemClick);
+    QTest::mouseClick(view, Qt::LeftButton, {}, shown.center());
+    QCOMPARE(clicks.size(), 1);
+    QCOMPARE(clicks.first().first().value<Item *>(), item);
+}
+
+QTEST_MAIN(tst_EnsureVisible)
+#include "tst_ensurevisible.moc"
