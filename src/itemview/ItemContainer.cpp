@@ -540,7 +540,9 @@ void ItemContainer::removeItemWindow(int viewId)
     d->forgetMovedPositions();
     // The collection has already let the item go, so its position is unknown.
     d->rereadFrom(1);
-    update();
+    // The arrows follow, also when the collection asks for no layout (the
+    // last item removed, a clear).
+    d->scheduleSizing();
 }
 
 void ItemContainer::relayoutItems(bool force)
@@ -571,7 +573,7 @@ void ItemContainer::resetItems()
     d->staysDown.clear();
     d->layout.resetScroll();
     d->rereadFrom(1);
-    update();
+    d->scheduleSizing();
 }
 
 int ItemContainer::firstVisiblePosition() const { return d->layout.topSlot(); }

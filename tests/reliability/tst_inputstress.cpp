@@ -267,7 +267,8 @@ private:
         ItemContainer *view = viewOf(open);
         if (!view)
             return { QStringLiteral("the open header %1 shows no item view").arg(open->Key()) };
-        if (view->isSliding())
+        // A hidden open header (no visible one left) shows nothing to check.
+        if (view->isSliding() || !view->isVisibleTo(&m_bar))
             return {};
         QStringList problems;
         if (!m_bar.rect().contains(view->geometry()) && view->height() > 0 && view->width() > 0
@@ -287,10 +288,15 @@ private:
         const bool downWanted = view->IsDownArrowNeeded(view->sliderTop(), view->height());
         const QWidget *up = arrow(0);
         const QWidget *down = arrow(1);
+        const QString where = QStringLiteral(" (surface top %1, top slot %2 of %3, view %4)")
+                                  .arg(view->sliderTop())
+                                  .arg(slot)
+                                  .arg(count)
+                                  .arg(rectText(view->geometry()));
         if (up && up->isVisible() != upWanted)
-            problems << QStringLiteral("up arrow shown %1, wanted %2").arg(up->isVisible()).arg(upWanted);
+            problems << QStringLiteral("up arrow shown %1, wanted %2").arg(up->isVisible()).arg(upWanted) + where;
         if (down && down->isVisible() != downWanted)
-            problems << QStringLiteral("down arrow shown %1, wanted %2").arg(down->isVisible()).arg(downWanted);
+            problems << QStringLiteral("down arrow shown %1, wanted %2").arg(down->isVisible()).arg(downWanted) + where;
         return problems;
     }
 
