@@ -203,9 +203,13 @@ void ScrollArrows::tick()
     ItemContainer *view = d.openView();
     if (!view)
         return;
-    // The step before lands first: it may have hidden the held arrow.
+    // The step before lands first: it may have hidden the held arrow. While
+    // the bars slide the arrows wait for the layout at the slide's end, so
+    // the view itself says whether there is anything left on that side.
     view->finishSlide();
-    if (m_buttons[index]->isHidden())
+    const int top = view->sliderTop();
+    const bool wanted = index == 0 ? top < 0 : view->IsDownArrowNeeded(top, view->height());
+    if (m_buttons[index]->isHidden() || !wanted)
         return;
     view->Scroll(index, smooth);
 }

@@ -584,12 +584,12 @@ int ItemContainer::lastFullyVisiblePosition() const
     return d->layout.lastFullyVisibleSlot();
 }
 
-// A host's step goes only where the arrows would take the user.
+// A host's step goes only where the arrows would take the user, judged once
+// a step still sliding has landed.
 void ItemContainer::scrollOneStep(bool up)
 {
-    d->settleLayout();
-    const int top = d->layout.surfaceTop();
-    if (up ? top < 0 : d->layout.isDownArrowNeeded(top, height()))
+    finishSlide();
+    if (d->arrowWanted(up))
         Scroll(up ? 0 : 1, false);
 }
 
