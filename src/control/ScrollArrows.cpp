@@ -203,10 +203,12 @@ void ScrollArrows::tick()
     ItemContainer *view = d.openView();
     if (!view)
         return;
-    // The step before lands first: it may have hidden the held arrow. While
-    // the bars slide the arrows wait for the layout at the slide's end, so
-    // the view itself says whether there is anything left on that side.
-    view->finishSlide();
+    // A step still sliding is let run: the next one follows it by a tick,
+    // as the delay promises, instead of cutting it short with a jump.
+    if (view->isSliding())
+        return;
+    // While the bars slide the arrows wait for the layout at the slide's
+    // end, so the view itself says whether there is anything left on that side.
     const int top = view->sliderTop();
     const bool wanted = index == 0 ? top < 0 : view->IsDownArrowNeeded(top, view->height());
     if (m_buttons[index]->isHidden() || !wanted)
