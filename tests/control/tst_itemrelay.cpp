@@ -143,25 +143,20 @@ void tst_ItemRelay::emptySpace_data()
 {
     QTest::addColumn<int>("headers");
     QTest::addColumn<bool>("alwaysShowFirstHeader");
-    QTest::addColumn<bool>("drag");
     QTest::addColumn<bool>("inBar"); // else in the control's frame
 
-    for (const bool drag : { false, true }) {
-        const char *what = drag ? "drag" : "press";
-        QTest::addRow("%s, second of two headers", what) << 2 << true << drag << true;
-        QTest::addRow("%s, second of two, first not always shown", what) << 2 << false << drag << true;
-        QTest::addRow("%s, single header", what) << 1 << true << drag << true;
-        QTest::addRow("%s, single header, bar hidden", what) << 1 << false << drag << false;
-    }
+    QTest::newRow("second of two headers") << 2 << true << true;
+    QTest::newRow("second of two, first not always shown") << 2 << false << true;
+    QTest::newRow("single header") << 1 << true << true;
+    QTest::newRow("single header, bar hidden") << 1 << false << false;
 }
 
-// A press or a drag over the open view's empty space is the open header's,
-// moved into its bar, or into the control while its lone bar is hidden.
+// A press over the open view's empty space is the open header's, moved into
+// its bar, or into the control while its lone bar is hidden.
 void tst_ItemRelay::emptySpace()
 {
     QFETCH(int, headers);
     QFETCH(bool, alwaysShowFirstHeader);
-    QFETCH(bool, drag);
     QFETCH(bool, inBar);
 
     Quiver bar;
@@ -174,17 +169,7 @@ void tst_ItemRelay::emptySpace()
     connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *header, int, int, float x, float y) {
         reported << QVariant::fromValue(header) << QPointF(x, y);
     });
-    connect(&bar, &Quiver::HeaderOLEDragOver, this,
-            [&](Header *header, const QMimeData *, int *, int, int, float x, float y, int) {
-                reported << QVariant::fromValue(header) << QPointF(x, y);
-            });
-    QMimeData data;
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    view->setAcceptDrops(true);
-    if (drag)
-        QCoreApplication::sendEvent(view, &enter);
-    else
-        QTest::mousePress(view, Qt::LeftButton, {}, at);
+    QTest::mousePress(view, Qt::LeftButton, {}, at);
 
     const QWidget *headerBar = barOf(bar, open);
     QCOMPARE(headerBar->isVisible(), inBar);
@@ -208,7 +193,8 @@ void tst_ItemRelay::dragEffect_data()
 }
 
 // The Effect a slot writes is what the view makes of the drag, over an item
-// and over the empty space alike.
+// and over the empty space alike; the empty space's reports are the open
+// header's, their point moved into its bar as a press's is.
 void tst_ItemRelay::dragEffect()
 {
     QFETCH(bool, overItem);
@@ -216,14 +202,18 @@ void tst_ItemRelay::dragEffect()
     QFETCH(int, action);
 
     Quiver bar;
-    fill(bar, 1);
+    fill(bar, 2);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     ItemContainer *view = viewOf(bar.SelectedHeader());
     const QPoint at = overItem ? view->itemRect(bar.SelectedHeader()->Items()->at(2)->viewId()).center()
                                : QPoint(20, view->height() - 5);
+    const QPointF inBar = at + view->pos() - QPoint(0, barOf(bar, bar.SelectedHeader())->y());
     QStringList log;
-    const auto seen = [&](const QString &what, int *chosen) {
+    QList<QPointF> points; // of the header's reports
+    const auto seen = [&](const QString &what, int *chosen, std::optional<QPointF> point = {}) {
         log << what;
+        if (point)
+            points << *point;
         if (effect >= 0)
             *chosen = effect;
     };
@@ -232,15 +222,17 @@ void tst_ItemRelay::dragEffect()
                 seen(QStringLiteral("item over %1 %2").arg(item->Key()).arg(state), e);
             });
     connect(&bar, &Quiver::HeaderOLEDragOver, this,
-            [&](Header *, const QMimeData *, int *e, int, int, float, float, int state) {
-                seen(QStringLiteral("header over %1").arg(state), e);
+            [&](Header *header, const QMimeData *, int *e, int, int, float x, float y, int state) {
+                seen(QStringLiteral("header %1 over %2").arg(header->Index()).arg(state), e, QPointF(x, y));
             });
     connect(&bar, &Quiver::ItemOLEDragDrop, this,
             [&](Item *item, const QMimeData *, int *e, int, int, float, float) {
                 seen("item drop " + item->Key(), e);
             });
     connect(&bar, &Quiver::HeaderOLEDragDrop, this,
-            [&](Header *, const QMimeData *, int *e, int, int, float, float) { seen("header drop", e); });
+            [&](Header *header, const QMimeData *, int *e, int, int, float x, float y) {
+                seen(QStringLiteral("header %1 drop").arg(header->Index()), e, QPointF(x, y));
+            });
 
     // Which views take drops is the drop rules' to say; here this one does.
     view->setAcceptDrops(true);
@@ -254,9 +246,10 @@ void tst_ItemRelay::dragEffect()
         if (event != &enter)
             QCOMPARE(event->isAccepted() ? int(event->dropAction()) : -1, action);
     }
+    QCOMPARE(points, QList<QPointF>(overItem ? 0 : 3, inBar));
     QCOMPARE(log.join(", "),
              overItem ? "item over b 0, item over b 2, item drop b"
-                      : "header over 0, header over 2, header drop");
+                      : "header 2 over 0, header 2 over 2, header 2 drop");
 }
 
 // The view asks for every bar drawn again: the bars take their places and
