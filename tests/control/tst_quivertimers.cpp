@@ -1,7 +1,8 @@
+#include "QuiverTest.h"
 #include "control/HeaderStrip.h"
 #include "itemview/ItemContainer.h"
 #include "platform/FrameInterval.h"
-#include "QuiverTest.h"
+#include "platform/SystemColors.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QImage>
@@ -11,10 +12,7 @@ namespace {
 
 constexpr OLE_COLOR Red = 0x0000FF;
 
-QColor colorOf(OLE_COLOR value)
-{
-    return QColor(int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF));
-}
+QColor colorOf(OLE_COLOR value) { return translateColor(value, classicPalette()); }
 
 // A timer's tick, without waiting for it.
 void tick(QTimer *timer) { QMetaObject::invokeMethod(timer, "timeout"); }
