@@ -26,8 +26,6 @@ class tst_ItemRelay : public QObject
 private slots:
     void click_data();
     void click();
-    void emptySpace_data();
-    void emptySpace();
     void dragEffect_data();
     void dragEffect();
     void forceRedraw();
@@ -66,32 +64,39 @@ static QWidget *barOf(Quiver &bar, const Header *header)
 void tst_ItemRelay::click_data()
 {
     QTest::addColumn<int>("item"); // 0: the empty space below the items
+    QTest::addColumn<int>("headers");
+    QTest::addColumn<bool>("alwaysShowFirstHeader");
     QTest::addColumn<QString>("sounds"); // "system", "item" or "off"
     QTest::addColumn<QStringList>("events");
     QTest::addColumn<QString>("played");
 
     const QStringList clickB { "item down b", "changed CurrentItem", "item click b", "item up b" };
-    QTest::newRow("item, system sound") << 2 << "system" << clickB << "MenuCommand";
-    QTest::newRow("item, its own sound") << 2 << "item" << clickB << "WAVE";
-    QTest::newRow("item, sounds off") << 2 << "off" << clickB << "";
-    QTest::newRow("empty space") << 0 << "system" << QStringList { "header down", "header up" } << "";
+    QTest::newRow("item, system sound") << 2 << 1 << true << "system" << clickB << "MenuCommand";
+    QTest::newRow("item, its own sound") << 2 << 1 << true << "item" << clickB << "WAVE";
+    QTest::newRow("item, sounds off") << 2 << 1 << true << "off" << clickB << "";
+    const QStringList headerOne { "header down 1", "header up 1" },
+        headerTwo { "header down 2", "header up 2" };
+    QTest::newRow("empty space") << 0 << 1 << true << "system" << headerOne << "";
+    QTest::newRow("empty space, lone bar hidden") << 0 << 1 << false << "system" << headerOne << "";
+    QTest::newRow("empty space, second of two") << 0 << 2 << true << "system" << headerTwo << "";
+    QTest::newRow("empty space, second of two, first not always shown")
+        << 0 << 2 << false << "system" << headerTwo << "";
 }
 
+// A click on an item selects it with its sound; a press over the open view's
+// empty space is the open header's, moved into its bar, or into the control
+// while its lone bar is hidden.
 void tst_ItemRelay::click()
 {
     QFETCH(int, item);
+    QFETCH(int, headers);
+    QFETCH(bool, alwaysShowFirstHeader);
     QFETCH(QString, sounds);
     QFETCH(QStringList, events);
     QFETCH(QString, played);
 
     Quiver bar;
-    bar.InitProperties();
-    bar.setSmoothScroll(false);
-    Items *items = bar.Headers()->at(1)->Items();
-    for (const char *key : { "a", "b", "c" })
-        items->Add(0, QLatin1String(key), QLatin1String(key));
-    bar.resize(200, 400);
-    bar.show();
+    fill(bar, headers, alwaysShowFirstHeader);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     auto *output = new RecordingSoundOutput;
     auto *control = bar.findChild<QuiverSounds *>();
@@ -111,16 +116,18 @@ void tst_ItemRelay::click()
     connect(&bar, &Quiver::ItemMouseUp, this, onItem("up"));
     connect(&bar, &Quiver::ItemClick, this,
             [&log](Item *i) { log << QStringLiteral("item click ") + i->Key(); });
-    connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *, int, int, float x, float y) {
-        log << QStringLiteral("header down");
+    connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *header, int, int, float x, float y) {
+        log << QStringLiteral("header down %1").arg(header->Index());
         headerPoint = QPointF(x, y);
     });
-    connect(&bar, &Quiver::HeaderMouseUp, this,
-            [&log](Header *, int, int, float, float) { log << QStringLiteral("header up"); });
+    connect(&bar, &Quiver::HeaderMouseUp, this, [&log](Header *header, int, int, float, float) {
+        log << QStringLiteral("header up %1").arg(header->Index());
+    });
     connect(&bar, &Quiver::PropertyChanged, this,
             [&log](const QString &name) { log << QStringLiteral("changed ") + name; });
 
-    auto *view = static_cast<ItemContainer *>(bar.SelectedHeader()->itemView());
+    Items *items = bar.SelectedHeader()->Items();
+    ItemContainer *view = viewOf(bar.SelectedHeader());
     const QPoint at
         = item ? view->itemRect(items->at(item)->viewId()).center() : QPoint(20, view->height() - 5);
     QTest::mouseClick(view, Qt::LeftButton, {}, at);
@@ -133,48 +140,11 @@ void tst_ItemRelay::click()
         QCOMPARE(bar.SelectedItem(), items->at(item));
         QCOMPARE(bar.Navigation()->itemKeys(), QStringList { "b" });
     } else {
-        // Moved out of the view into the open header's bar.
-        const QWidget *headerBar = bar.findChild<HeaderStrip *>()->bar(bar.SelectedHeader()->barId());
-        QCOMPARE(headerPoint, QPointF(at + view->pos() - QPoint(0, headerBar->y())));
+        const QWidget *headerBar = barOf(bar, bar.SelectedHeader());
+        QCOMPARE(headerBar->isVisible(), headers > 1 || alwaysShowFirstHeader);
+        QCOMPARE(headerPoint,
+                 QPointF(at + view->pos() - QPoint(0, headerBar->isVisible() ? headerBar->y() : 0)));
     }
-}
-
-void tst_ItemRelay::emptySpace_data()
-{
-    QTest::addColumn<int>("headers");
-    QTest::addColumn<bool>("alwaysShowFirstHeader");
-    QTest::addColumn<bool>("inBar"); // else in the control's frame
-
-    QTest::newRow("second of two headers") << 2 << true << true;
-    QTest::newRow("second of two, first not always shown") << 2 << false << true;
-    QTest::newRow("single header") << 1 << true << true;
-    QTest::newRow("single header, bar hidden") << 1 << false << false;
-}
-
-// A press over the open view's empty space is the open header's, moved into
-// its bar, or into the control while its lone bar is hidden.
-void tst_ItemRelay::emptySpace()
-{
-    QFETCH(int, headers);
-    QFETCH(bool, alwaysShowFirstHeader);
-    QFETCH(bool, inBar);
-
-    Quiver bar;
-    fill(bar, headers, alwaysShowFirstHeader);
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    Header *open = bar.SelectedHeader();
-    ItemContainer *view = viewOf(open);
-    const QPoint at(20, view->height() - 5);
-    QList<QVariant> reported;
-    connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *header, int, int, float x, float y) {
-        reported << QVariant::fromValue(header) << QPointF(x, y);
-    });
-    QTest::mousePress(view, Qt::LeftButton, {}, at);
-
-    const QWidget *headerBar = barOf(bar, open);
-    QCOMPARE(headerBar->isVisible(), inBar);
-    const QPointF expected = at + view->pos() - QPoint(0, inBar ? headerBar->y() : 0);
-    QCOMPARE(reported, (QList<QVariant> { QVariant::fromValue(open), expected }));
 }
 
 void tst_ItemRelay::dragEffect_data()
