@@ -26,8 +26,6 @@ class tst_ItemRelay : public QObject
 private slots:
     void click_data();
     void click();
-    void emptySpace_data();
-    void emptySpace();
     void dragEffect_data();
     void dragEffect();
     void forceRedraw();
@@ -53,7 +51,10 @@ static void fill(Quiver &bar, int headers, bool alwaysShowFirstHeader = true)
     bar.show();
 }
 
-static ItemContainer *viewOf(const Header *header) { return static_cast<ItemContainer *>(header->itemView()); }
+static ItemContainer *viewOf(const Header *header)
+{
+    return static_cast<ItemContainer *>(header->itemView());
+}
 
 static QWidget *barOf(Quiver &bar, const Header *header)
 {
@@ -63,32 +64,39 @@ static QWidget *barOf(Quiver &bar, const Header *header)
 void tst_ItemRelay::click_data()
 {
     QTest::addColumn<int>("item"); // 0: the empty space below the items
+    QTest::addColumn<int>("headers");
+    QTest::addColumn<bool>("alwaysShowFirstHeader");
     QTest::addColumn<QString>("sounds"); // "system", "item" or "off"
     QTest::addColumn<QStringList>("events");
     QTest::addColumn<QString>("played");
 
     const QStringList clickB { "item down b", "changed CurrentItem", "item click b", "item up b" };
-    QTest::newRow("item, system sound") << 2 << "system" << clickB << "MenuCommand";
-    QTest::newRow("item, its own sound") << 2 << "item" << clickB << "WAVE";
-    QTest::newRow("item, sounds off") << 2 << "off" << clickB << "";
-    QTest::newRow("empty space") << 0 << "system" << QStringList { "header down", "header up" } << "";
+    QTest::newRow("item, system sound") << 2 << 1 << true << "system" << clickB << "MenuCommand";
+    QTest::newRow("item, its own sound") << 2 << 1 << true << "item" << clickB << "WAVE";
+    QTest::newRow("item, sounds off") << 2 << 1 << true << "off" << clickB << "";
+    const QStringList headerOne { "header down 1", "header up 1" },
+        headerTwo { "header down 2", "header up 2" };
+    QTest::newRow("empty space") << 0 << 1 << true << "system" << headerOne << "";
+    QTest::newRow("empty space, lone bar hidden") << 0 << 1 << false << "system" << headerOne << "";
+    QTest::newRow("empty space, second of two") << 0 << 2 << true << "system" << headerTwo << "";
+    QTest::newRow("empty space, second of two, first not always shown")
+        << 0 << 2 << false << "system" << headerTwo << "";
 }
 
+// A click on an item selects it with its sound; a press over the open view's
+// empty space is the open header's, moved into its bar, or into the control
+// while its lone bar is hidden.
 void tst_ItemRelay::click()
 {
     QFETCH(int, item);
+    QFETCH(int, headers);
+    QFETCH(bool, alwaysShowFirstHeader);
     QFETCH(QString, sounds);
     QFETCH(QStringList, events);
     QFETCH(QString, played);
 
     Quiver bar;
-    bar.InitProperties();
-    bar.setSmoothScroll(false);
-    Items *items = bar.Headers()->at(1)->Items();
-    for (const char *key : { "a", "b", "c" })
-        items->Add(0, QLatin1String(key), QLatin1String(key));
-    bar.resize(200, 400);
-    bar.show();
+    fill(bar, headers, alwaysShowFirstHeader);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     auto *output = new RecordingSoundOutput;
     auto *control = bar.findChild<QuiverSounds *>();
@@ -108,16 +116,18 @@ void tst_ItemRelay::click()
     connect(&bar, &Quiver::ItemMouseUp, this, onItem("up"));
     connect(&bar, &Quiver::ItemClick, this,
             [&log](Item *i) { log << QStringLiteral("item click ") + i->Key(); });
-    connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *, int, int, float x, float y) {
-        log << QStringLiteral("header down");
+    connect(&bar, &Quiver::HeaderMouseDown, this, [&](Header *header, int, int, float x, float y) {
+        log << QStringLiteral("header down %1").arg(header->Index());
         headerPoint = QPointF(x, y);
     });
-    connect(&bar, &Quiver::HeaderMouseUp, this,
-            [&log](Header *, int, int, float, float) { log << QStringLiteral("header up"); });
+    connect(&bar, &Quiver::HeaderMouseUp, this, [&log](Header *header, int, int, float, float) {
+        log << QStringLiteral("header up %1").arg(header->Index());
+    });
     connect(&bar, &Quiver::PropertyChanged, this,
             [&log](const QString &name) { log << QStringLiteral("changed ") + name; });
 
-    auto *view = static_cast<ItemContainer *>(bar.SelectedHeader()->itemView());
+    Items *items = bar.SelectedHeader()->Items();
+    ItemContainer *view = viewOf(bar.SelectedHeader());
     const QPoint at
         = item ? view->itemRect(items->at(item)->viewId()).center() : QPoint(20, view->height() - 5);
     QTest::mouseClick(view, Qt::LeftButton, {}, at);
@@ -130,143 +140,86 @@ void tst_ItemRelay::click()
         QCOMPARE(bar.SelectedItem(), items->at(item));
         QCOMPARE(bar.Navigation()->itemKeys(), QStringList { "b" });
     } else {
-        // Moved out of the view into the open header's bar.
-        const QWidget *headerBar = bar.findChild<HeaderStrip *>()->bar(bar.SelectedHeader()->barId());
-        QCOMPARE(headerPoint, QPointF(at + view->pos() - QPoint(0, headerBar->y())));
+        const QWidget *headerBar = barOf(bar, bar.SelectedHeader());
+        QCOMPARE(headerBar->isVisible(), headers > 1 || alwaysShowFirstHeader);
+        QCOMPARE(headerPoint,
+                 QPointF(at + view->pos() - QPoint(0, headerBar->isVisible() ? headerBar->y() : 0)));
     }
-}
-
-void tst_ItemRelay::emptySpace_data()
-{
-    QTest::addColumn<int>("headers");
-    QTest::addColumn<bool>("alwaysShowFirstHeader");
-    QTest::addColumn<bool>("drag");
-    QTest::addColumn<bool>("inBar"); // else in the control's frame
-
-    for (const bool drag : { false, true }) {
-        const char *what = drag ? "drag" : "press";
-        QTest::addRow("%s, second of two headers", what) << 2 << true << drag << true;
-        QTest::addRow("%s, second of two, first not always shown", what) << 2 << false << drag << true;
-        QTest::addRow("%s, single header", what) << 1 << true << drag << true;
-        QTest::addRow("%s, single header, bar hidden", what) << 1 << false << drag << false;
-    }
-}
-
-// A press or a drag over the open view's empty space is the open header's,
-// moved into its bar, or into the control while its lone bar is hidden.
-void tst_ItemRelay::emptySpace()
-{
-    QFETCH(int, headers);
-    QFETCH(bool, alwaysShowFirstHeader);
-    QFETCH(bool, drag);
-    QFETCH(bool, inBar);
-
-    Quiver bar;
-    fill(bar, headers, alwaysShowFirstHeader);
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    Header *open = bar.SelectedHeader();
-    ItemContainer *view = viewOf(open);
-    const QPoint at(20, view->height() - 5);
-    QPointF reported(-1, -1);
-    const auto record = [&](Header *header, float x, float y) {
-        QCOMPARE(header, open);
-        reported = QPointF(x, y);
-    };
-    connect(&bar, &Quiver::HeaderMouseDown, this,
-            [&](Header *header, int, int, float x, float y) { record(header, x, y); });
-    connect(&bar, &Quiver::HeaderOLEDragOver, this,
-            [&](Header *header, const QMimeData *, int *, int, int, float x, float y, int) {
-                record(header, x, y);
-            });
-    QMimeData data;
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    view->setAcceptDrops(true);
-    if (drag)
-        QCoreApplication::sendEvent(view, &enter);
-    else
-        QTest::mousePress(view, Qt::LeftButton, {}, at);
-
-    const QWidget *headerBar = barOf(bar, open);
-    QCOMPARE(headerBar->isVisible(), inBar);
-    QCOMPARE(reported, QPointF(at + view->pos() - QPoint(0, inBar ? headerBar->y() : 0)));
 }
 
 void tst_ItemRelay::dragEffect_data()
 {
     QTest::addColumn<bool>("overItem");
     QTest::addColumn<int>("effect"); // what the handler sets; -1 leaves it
-    QTest::addColumn<bool>("accepted");
-    QTest::addColumn<int>("action"); // of an accepted drag
+    QTest::addColumn<int>("action"); // of the drag; -1: refused
 
     for (const bool overItem : { true, false }) {
         const char *where = overItem ? "item" : "empty space";
         // The proposed action, copy, unless the handler rules it out.
-        QTest::addRow("%s, offered effects kept", where) << overItem << -1 << true << int(Qt::CopyAction);
-        QTest::addRow("%s, move chosen", where) << overItem << int(Qt::MoveAction) << true << int(Qt::MoveAction);
-        QTest::addRow("%s, no drop", where) << overItem << 0 << false << 0;
+        QTest::addRow("%s, offered effects kept", where) << overItem << -1 << int(Qt::CopyAction);
+        QTest::addRow("%s, move chosen", where) << overItem << int(Qt::MoveAction) << int(Qt::MoveAction);
+        QTest::addRow("%s, no drop", where) << overItem << 0 << -1;
     }
 }
 
 // The Effect a slot writes is what the view makes of the drag, over an item
-// and over the empty space alike.
+// and over the empty space alike; the empty space's reports are the open
+// header's, their point moved into its bar as a press's is.
 void tst_ItemRelay::dragEffect()
 {
     QFETCH(bool, overItem);
     QFETCH(int, effect);
-    QFETCH(bool, accepted);
     QFETCH(int, action);
 
     Quiver bar;
-    fill(bar, 1);
+    fill(bar, 2);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    Items *items = bar.SelectedHeader()->Items();
     ItemContainer *view = viewOf(bar.SelectedHeader());
-    const QPoint at = overItem ? view->itemRect(items->at(2)->viewId()).center() : QPoint(20, view->height() - 5);
+    const QPoint at = overItem ? view->itemRect(bar.SelectedHeader()->Items()->at(2)->viewId()).center()
+                               : QPoint(20, view->height() - 5);
+    const QPointF inBar = at + view->pos() - QPoint(0, barOf(bar, bar.SelectedHeader())->y());
     QStringList log;
-    const auto choose = [effect](int *chosen) {
+    QList<QPointF> points; // of the header's reports
+    const auto seen = [&](const QString &what, int *chosen, std::optional<QPointF> point = {}) {
+        log << what;
+        if (point)
+            points << *point;
         if (effect >= 0)
             *chosen = effect;
     };
     connect(&bar, &Quiver::ItemOLEDragOver, this,
             [&](Item *item, const QMimeData *, int *e, int, int, float, float, int state) {
-                log << QStringLiteral("item over %1 %2").arg(item->Key()).arg(state);
-                choose(e);
+                seen(QStringLiteral("item over %1 %2").arg(item->Key()).arg(state), e);
             });
     connect(&bar, &Quiver::HeaderOLEDragOver, this,
-            [&](Header *, const QMimeData *, int *e, int, int, float, float, int state) {
-                log << QStringLiteral("header over %1").arg(state);
-                choose(e);
+            [&](Header *header, const QMimeData *, int *e, int, int, float x, float y, int state) {
+                seen(QStringLiteral("header %1 over %2").arg(header->Index()).arg(state), e, QPointF(x, y));
             });
-    connect(&bar, &Quiver::ItemOLEDragDrop, this, [&](Item *item, const QMimeData *, int *e, int, int, float, float) {
-        log << QStringLiteral("item drop ") + item->Key();
-        choose(e);
-    });
-    connect(&bar, &Quiver::HeaderOLEDragDrop, this, [&](Header *, const QMimeData *, int *e, int, int, float, float) {
-        log << QStringLiteral("header drop");
-        choose(e);
-    });
+    connect(&bar, &Quiver::ItemOLEDragDrop, this,
+            [&](Item *item, const QMimeData *, int *e, int, int, float, float) {
+                seen("item drop " + item->Key(), e);
+            });
+    connect(&bar, &Quiver::HeaderOLEDragDrop, this,
+            [&](Header *header, const QMimeData *, int *e, int, int, float x, float y) {
+                seen(QStringLiteral("header %1 drop").arg(header->Index()), e, QPointF(x, y));
+            });
 
     // Which views take drops is the drop rules' to say; here this one does.
     view->setAcceptDrops(true);
     QMimeData data;
     const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(view, &enter);
     QDragMoveEvent move(at, offered, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(view, &move);
-    QCOMPARE(move.isAccepted(), accepted);
-    if (accepted)
-        QCOMPARE(int(move.dropAction()), action);
     QDropEvent drop(at, offered, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(view, &drop);
-    QCOMPARE(drop.isAccepted(), accepted);
-    if (accepted)
-        QCOMPARE(int(drop.dropAction()), action);
-
-    const QStringList expected = overItem
-        ? QStringList { "item over b 0", "item over b 2", "item drop b" }
-        : QStringList { "header over 0", "header over 2", "header drop" };
-    QCOMPARE(log, expected);
+    for (QDropEvent *event : std::initializer_list<QDropEvent *> { &enter, &move, &drop }) {
+        QCoreApplication::sendEvent(view, event);
+        if (event != &enter)
+            QCOMPARE(event->isAccepted() ? int(event->dropAction()) : -1, action);
+    }
+    QCOMPARE(points, QList<QPointF>(overItem ? 0 : 3, inBar));
+    QCOMPARE(log.join(", "),
+             overItem ? "item over b 0, item over b 2, item drop b"
+                      : "header 2 over 0, header 2 over 2, header 2 drop");
 }
 
 // The view asks for every bar drawn again: the bars take their places and
@@ -283,8 +236,8 @@ void tst_ItemRelay::forceRedraw()
 
     emit viewOf(bar.Headers()->at(2))->ForceRedraw();
     QCOMPARE(first->geometry(), placed);
-    QCOMPARE(first->backColor(), HeaderBar::DefaultColor);
-    QCOMPARE(first->foreColor(), HeaderBar::DefaultColor);
+    QCOMPARE(QList<OLE_COLOR>({ first->backColor(), first->foreColor() }),
+             QList<OLE_COLOR>(2, HeaderBar::DefaultColor));
 }
 
 void tst_ItemRelay::scroll_data()
@@ -309,14 +262,12 @@ void tst_ItemRelay::scroll()
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     Header *scrolled = bar.Headers()->at(header);
     bar.Headers()->Add(1);
-    QSignalSpy up(&bar, &Quiver::ScrollUp);
-    QSignalSpy down(&bar, &Quiver::ScrollDown);
+    QList<QVariant> raised;
+    connect(&bar, &Quiver::ScrollUp, this, [&](Header *h) { raised << "up" << QVariant::fromValue(h); });
+    connect(&bar, &Quiver::ScrollDown, this, [&](Header *h) { raised << "down" << QVariant::fromValue(h); });
 
     viewOf(scrolled)->Scroll(direction, false);
-    QSignalSpy &raised = direction ? down : up;
-    QCOMPARE(up.size() + down.size(), 1);
-    QCOMPARE(raised.size(), 1);
-    QCOMPARE(raised.first().first().value<Header *>(), scrolled);
+    QCOMPARE(raised, (QList<QVariant> { direction ? "down" : "up", QVariant::fromValue(scrolled) }));
 }
 
 QTEST_MAIN(tst_ItemRelay)

@@ -1,33 +1,37 @@
+#include "QuiverTest.h"
 #include "control/HeaderStrip.h"
-#include "control/Quiver.h"
 #include "itemview/ItemContainer.h"
-#include "model/Header.h"
-#include "model/Headers.h"
-#include "model/Items.h"
 #include "platform/FrameInterval.h"
+#include "platform/SystemColors.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QImage>
 #include <QtGui/QScreen>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-
-using namespace OrrinQuiver;
 
 namespace {
 
-constexpr OLE_COLOR Grey = 0xC0C0C0;
-constexpr OLE_COLOR Green = 0x00FF00;
 constexpr OLE_COLOR Red = 0x0000FF;
-constexpr OLE_COLOR White = 0xFFFFFF;
 
-QColor colorOf(OLE_COLOR value)
-{
-    return QColor(int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF));
-}
+QColor colorOf(OLE_COLOR value) { return translateColor(value, classicPalette()); }
 
 // A timer's tick, without waiting for it.
 void tick(QTimer *timer) { QMetaObject::invokeMethod(timer, "timeout"); }
+
+// A shown bar with the headers a, b and c; b holds `items` items.
+struct Bar : NewQuiver
+{
+    explicit Bar(int items = 0)
+    {
+        Headers()->at(1)->setKey(QStringLiteral("a"));
+        Headers()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
+        Headers()->Add(0, QStringLiteral("c"), QStringLiteral("C"));
+        for (int i = 0; i < items; ++i)
+            Headers()->Item(QStringLiteral("b"))->Items()->Add();
+        resize(200, 400);
+        show();
+    }
+    HeaderStrip *strip() const { return findChild<HeaderStrip *>(); }
+};
 
 } // namespace
 
@@ -45,86 +49,65 @@ private slots:
 
 void tst_QuiverTimers::flash_data()
 {
-    QTest::addColumn<QStringList>("steps");
-    // After each step: per header, "n" for a bar in the control's header back
-    // colour, "f" for one in the flash colour; then whether FlashTimer runs.
-    QTest::addColumn<QStringList>("looks");
+    // Steps, each with how the bars look after it: per header, "n" for a bar
+    // in the control's header back colour, "f" for one in the flash colour;
+    // then whether FlashTimer runs.
+    QTest::addColumn<QString>("script");
 
-    QTest::newRow("alternates") << QStringList { "flash b", "tick", "tick", "tick" }
-                                << QStringList { "nnn on", "nfn on", "nnn on", "nfn on" };
+    QTest::newRow("alternates") << "flash b=nnn on; tick=nfn on; tick=nnn on; tick=nfn on";
     QTest::newRow("another header ends the first")
-        << QStringList { "flash b", "tick", "flash c", "tick", "tick" }
-        << QStringList { "nnn on", "nfn on", "nnn on", "nnf on", "nnn on" };
-    QTest::newRow("flashing again starts over") << QStringList { "flash b", "tick", "flash b", "tick" }
-                                                << QStringList { "nnn on", "nfn on", "nnn on", "nfn on" };
-    QTest::newRow("Flash(False) stops it") << QStringList { "flash b", "tick", "stop b", "tick" }
-                                           << QStringList { "nnn on", "nfn on", "nnn off", "nnn off" };
+        << "flash b=nnn on; tick=nfn on; flash c=nnn on; tick=nnf on; tick=nnn on";
+    QTest::newRow("flashing again starts over") << "flash b=nnn on; tick=nfn on; flash b=nnn on; tick=nfn on";
+    QTest::newRow("Flash(False) stops it") << "flash b=nnn on; tick=nfn on; stop b=nnn off; tick=nnn off";
     QTest::newRow("removal ends it at the next tick")
-        << QStringList { "flash b", "tick", "remove b", "tick" }
-        << QStringList { "nnn on", "nfn on", "nn on", "nn off" };
-    QTest::newRow("restyled while flashing")
-        << QStringList { "flash b", "tick", "restyle", "tick", "tick" }
-        << QStringList { "nnn on", "nfn on", "nnn on", "nfn on", "nnn on" };
+        << "flash b=nnn on; tick=nfn on; remove b=nn on; tick=nn off";
+    QTest::newRow("restyled while flashing") << "flash b=nnn on; tick=nfn on; restyle=nnn on; tick=nfn on";
 }
 
 void tst_QuiverTimers::flash()
 {
-    QFETCH(QStringList, steps);
-    QFETCH(QStringList, looks);
+    QFETCH(QString, script);
 
-    Quiver bar;
-    bar.InitProperties();
+    Bar bar;
     bar.setSmoothScroll(false);
-    bar.setHeaderBackColor(Grey);
-    bar.Headers()->at(1)->setKey(QStringLiteral("a"));
-    bar.Headers()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
-    bar.Headers()->Add(0, QStringLiteral("c"), QStringLiteral("C"));
-    bar.resize(200, 400);
-    bar.show();
+    bar.setHeaderBackColor(0xC0C0C0);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     auto *timer = bar.findChild<QTimer *>(QStringLiteral("FlashTimer"));
-    const auto *strip = bar.findChild<HeaderStrip *>();
-
     // How the bars look: their background, left of the caption.
     const auto look = [&] {
         QString result;
         for (const Header *header : *bar.Headers()) {
-            QWidget *headerBar = strip->bar(header->barId());
+            QWidget *headerBar = bar.strip()->bar(header->barId());
             const QColor back = headerBar->grab().toImage().pixelColor(4, headerBar->height() / 2);
             result += back == colorOf(bar.HeaderBackColor()) ? 'n' : back == colorOf(Red) ? 'f' : '?';
         }
         return result + (timer->isActive() ? " on" : " off");
     };
-    for (qsizetype i = 0; i < steps.size(); ++i) {
-        const QStringList step = steps.at(i).split(' ');
-        if (step.first() == "tick")
+    for (const QString &step : script.split(QStringLiteral("; "))) {
+        const QString action = step.section('=', 0, 0), key = action.section(' ', 1);
+        if (action == "tick")
             tick(timer);
-        else if (step.first() == "flash")
-            bar.Headers()->Item(step.last())->Flash(true, Red, White);
-        else if (step.first() == "stop")
-            bar.Headers()->Item(step.last())->Flash(false);
-        else if (step.first() == "remove")
-            bar.Headers()->Remove(step.last());
-        else if (step.first() == "restyle")
-            bar.setHeaderBackColor(Green);
-        QCOMPARE(look(), looks.at(i));
+        else if (action.startsWith("flash"))
+            bar.Headers()->Item(key)->Flash(true, Red, 0xFFFFFF);
+        else if (action.startsWith("stop"))
+            bar.Headers()->Item(key)->Flash(false);
+        else if (action.startsWith("remove"))
+            bar.Headers()->Remove(key);
+        else
+            bar.setHeaderBackColor(0x00FF00);
+        QCOMPARE(action + '=' + look(), step);
     }
 }
 
 void tst_QuiverTimers::redrawTimerRedrawsTheOpenView()
 {
-    Quiver bar;
-    bar.InitProperties();
-    bar.Headers()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
-    bar.resize(200, 400);
-    bar.show();
+    Bar bar;
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     auto *timer = bar.findChild<QTimer *>(QStringLiteral("RedrawTimer"));
     QTRY_VERIFY(!timer->isActive());
     QCoreApplication::processEvents();
-    const auto *strip = bar.findChild<HeaderStrip *>();
-    QSignalSpy open(strip->viewOf(bar.SelectedHeader()), &ItemContainer::SetScrollArrows);
-    QSignalSpy closed(strip->viewOf(bar.Headers()->at(2)), &ItemContainer::SetScrollArrows);
+    QSignalSpy open(bar.strip()->viewOf(bar.SelectedHeader()), &ItemContainer::SetScrollArrows);
+    QSignalSpy closed(bar.strip()->viewOf(bar.Headers()->at(2)), &ItemContainer::SetScrollArrows);
 
     timer->start();
     tick(timer);
@@ -137,27 +120,19 @@ void tst_QuiverTimers::redrawTimerRedrawsTheOpenView()
 // control's screen.
 void tst_QuiverTimers::slidesFollowTheScreensRefresh()
 {
-    Quiver bar;
-    bar.InitProperties();
-    Header *second = bar.Headers()->Add(0, QStringLiteral("b"), QStringLiteral("B"));
-    for (int i = 0; i < 40; ++i)
-        second->Items()->Add();
-    bar.resize(200, 400);
-    bar.show();
+    Bar bar(40);
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
     const int interval = slideFrameInterval(bar.screen()->refreshRate());
-    const auto *strip = bar.findChild<HeaderStrip *>();
-    const auto *headerFrames = strip->findChild<QTimer *>(QStringLiteral("SlideTimer"));
-    ItemContainer *view = strip->viewOf(second);
+    Header *second = bar.Headers()->at(2);
+    ItemContainer *view = bar.strip()->viewOf(second);
+    const auto *headerFrames = bar.strip()->findChild<QTimer *>(QStringLiteral("SlideTimer"));
     const auto *itemFrames = view->findChild<QTimer *>(QStringLiteral("SlideTimer"));
 
     second->setSelected(true);
-    QVERIFY(headerFrames->isActive());
-    QCOMPARE(headerFrames->interval(), interval);
-    QTRY_VERIFY(!strip->isSliding());
+    QCOMPARE(headerFrames->isActive() ? headerFrames->interval() : 0, interval);
+    QTRY_VERIFY(!bar.strip()->isSliding());
     view->Scroll(1, true);
-    QVERIFY(itemFrames->isActive());
-    QCOMPARE(itemFrames->interval(), interval);
+    QCOMPARE(itemFrames->isActive() ? itemFrames->interval() : 0, interval);
 }
 
 QTEST_MAIN(tst_QuiverTimers)
