@@ -133,8 +133,14 @@ StripLayout layoutStrip(const StripInput &input)
     }
 
     int visibleAfter = 0;
-    for (int p = selected + 1; p <= count; ++p)
-        visibleAfter += input.visible.at(p - 1) ? 1 : 0;
+    int nextVisible = 0;
+    for (int p = selected + 1; p <= count; ++p) {
+        if (!input.visible.at(p - 1))
+            continue;
+        ++visibleAfter;
+        if (!nextVisible)
+            nextVisible = p;
+    }
 
     int visibleBefore = 0;
     for (int p = 1; p <= count; ++p) {
@@ -149,9 +155,10 @@ StripLayout layoutStrip(const StripInput &input)
         }
         if (hideLoneBar)
             top = firstTop - hh;
-        // Under the flat style the open bar and the one after it leave a
-        // square of the bar's height free at their right ends for the arrows.
-        const bool besideArrows = flat && selected > 0 && (p == selected || p == selected + 1);
+        // Under the flat style the open bar and the one shown below its item
+        // view leave a square of the bar's height free at their right ends
+        // for the arrows; hidden headers in between take no part.
+        const bool besideArrows = flat && selected > 0 && (p == selected || p == nextVisible);
         layout.bars.append(
             { QRect(left, top, besideArrows ? barWidth - hh : barWidth, hh), visible && !hideLoneBar });
     }

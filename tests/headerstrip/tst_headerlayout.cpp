@@ -86,9 +86,10 @@ private slots:
         QTest::newRow("hidden above")
             << int(qvStyleOutlookXP) << Flags { false, true, true, true } << 3 << true
             << rects("1 198 1, 1 198 1, 1 198 21, 1 198 380") << QRect(7, 47, 187, 307);
-        QTest::newRow("flat, hidden below")
-            << int(qvStyleVisualStudio) << Flags { true, true, false, true } << 1 << true
-            << rects("0 180 0, 0 180 359, 0 200 359, 0 200 380") << QRect(0, 21, 200, 316);
+        // The bar that leaves room for the down arrow is the first one shown below the view.
+        QTest::newRow("flat, hidden right below")
+            << int(qvStyleVisualStudio) << Flags { true, false, true, true } << 1 << true
+            << rects("0 180 0, 0 200 338, 0 180 359, 0 200 380") << QRect(0, 21, 200, 316);
         QTest::newRow("none open") << int(qvStyleOutlook) << Flags { true, true } << 0 << true
                                    << rects("1 198 360, 1 198 380") << QRect();
         QTest::newRow("lone bar hidden") << int(qvStyleOutlook) << Flags { true } << 1 << false
