@@ -209,9 +209,7 @@ void ScrollArrows::tick()
         return;
     // While the bars slide the arrows wait for the layout at the slide's
     // end, so the view itself says whether there is anything left on that side.
-    const int top = view->sliderTop();
-    const bool wanted = index == 0 ? top < 0 : view->IsDownArrowNeeded(top, view->height());
-    if (m_buttons[index]->isHidden() || !wanted)
+    if (m_buttons[index]->isHidden() || !view->wantsArrow(index))
         return;
     view->Scroll(index, smooth);
 }

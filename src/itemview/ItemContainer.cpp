@@ -397,6 +397,8 @@ int ItemContainer::positionAtSurfaceY(int y) const
 
 int ItemContainer::sliderTop() const { return d->layout.surfaceTop(); }
 
+bool ItemContainer::wantsArrow(int index) const { return d->arrowWanted(index == 0); }
+
 int ItemContainer::topSlot() const { return d->layout.topSlot(); }
 
 void ItemContainer::Scroll(int direction, bool animate)

@@ -67,6 +67,9 @@ public:
     int TopItem() const;
     int LastFullyVisibleItem() const;
     bool IsDownArrowNeeded(int sliderTop, int viewHeight) const;
+    // Whether scroll arrow `index` (0 towards the first item, 1 towards the
+    // last) is wanted where the surface stands now.
+    bool wantsArrow(int index) const;
     // Recomputes which scroll arrows are wanted and raises SetScrollArrows.
     void SetArrows();
     // Hosts `window` (a native window id or a QWidget's winId()) in the item
